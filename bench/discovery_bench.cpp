@@ -1,0 +1,39 @@
+// The search for mods over 400 MB of archives on the disk.
+
+#include "discovery.h"
+
+#include "mods/mod_discovery.h"
+#include "platform/qt/native_paths.h"
+#include "platform/qt/qt_files.h"
+#include "platform/qt/zip_archives.h"
+#include "support/core/fakes.h"
+
+#include <benchmark/benchmark.h>
+
+namespace gatehouse {
+
+int discoverMods(const SampleGame& sample) {
+    fake::World world;
+    QtFiles files(sample.root / "cache");
+    ZipArchives archives;
+    RunState run;
+    run.AppDir = toProgramPath(sample.home().string()) + "\\";
+    run.GameDir = toProgramPath(sample.game().string()) + "\\";
+    OptionStore store(world.settings, world.log);
+    ModTable mods;
+    ModDiscovery discovery(files, archives, world.log, world.events, store, run, mods);
+    discovery.scanForMods();
+    return mods.modCount();
+}
+
+namespace {
+
+void DiscoverMods(benchmark::State& state) {
+    const SampleGame sample = sampleGame();
+    sample.make();
+    for (auto _ : state) benchmark::DoNotOptimize(discoverMods(sample));
+}
+BENCHMARK(DiscoverMods)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace gatehouse

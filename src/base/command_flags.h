@@ -1,0 +1,49 @@
+#pragma once
+
+#include "base/observable.h"
+
+#include <array>
+#include <cstddef>
+
+namespace gatehouse {
+
+/// Which buttons of a tool bar can be pressed, numbered from 1.
+template <std::size_t N>
+class ToolButtons {
+public:
+    explicit ToolButtons(bool enabled) {
+        for (auto& one : buttons_) one.set(enabled);
+    }
+    Observable<bool>& operator[](std::size_t number) { return buttons_.at(number - 1); }
+    const Observable<bool>& operator[](std::size_t number) const { return buttons_.at(number - 1); }
+
+private:
+    std::array<Observable<bool>, N> buttons_;
+};
+
+/// Which commands can run now: one flag each, read by menu entry, tool button and test alike.
+struct CommandFlags {
+    Observable<bool> mfilerun{true};  ///< the menu entry and button 5 of the main tool bar
+    ToolButtons<3> btbar{true};       ///< play, pause, stop
+    ToolButtons<5> tbservers{false};  ///< add, delete, query, players, mod options
+    ToolButtons<2> mtool1{false};     ///< move up, move down
+    ToolButtons<2> mtool2{false};     ///< remove from rotation, add to rotation
+    Observable<bool> q3botlist{true};
+    Observable<bool> q3botadd{true};
+    Observable<bool> q3botdel{true};
+
+    CommandFlags() {
+        tbservers[1].set(true);
+        mtool2[2].set(true);
+    }
+
+    /// Enables or disables every command that starts the game.
+    void SetRunEnabled(bool enabled) {
+        mfilerun.set(enabled);
+        btbar[1].set(enabled);
+        btbar[2].set(false);
+        btbar[3].set(false);
+    }
+};
+
+}  // namespace gatehouse

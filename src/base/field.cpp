@@ -1,0 +1,102 @@
+#include "base/field.h"
+
+#include "base/numbers.h"
+#include "base/runtime_failure.h"
+
+#include <algorithm>
+
+namespace gatehouse {
+
+Field::Field(FieldGroup& group, Kind kind, const FieldSpec& spec, std::optional<Range> range)
+    : kind_(kind), spec_(spec), range_(range) {
+    group.fields.push_back(this);
+}
+
+void Field::restoreDesign() {
+    restoreValue();
+    enabled.set(true);
+    visible.set(true);
+}
+
+CheckField::CheckField(FieldGroup& group, const FieldSpec& spec, std::int16_t design)
+    : Field(group, Kind::Check, spec, {}), design_(design), value_(design) {}
+
+void CheckField::setValue(std::int16_t value) {
+    if (value == value_) return;
+    value_ = value;
+    changed.emit();
+}
+
+std::string CheckField::valueText() const { return std::to_string(value_); }
+void CheckField::setValueText(const std::string& text) { setValue(strictInt16(text)); }
+
+TextField::TextField(FieldGroup& group, const FieldSpec& spec, std::string_view design, std::optional<Range> range)
+    : TextField(group, Kind::Text, spec, design, range) {}
+
+TextField::TextField(FieldGroup& group, Kind kind, const FieldSpec& spec, std::string_view design,
+                     std::optional<Range> range)
+    : Field(group, kind, spec, range), design_(design), text_(design) {}
+
+void TextField::setText(std::string text) {
+    if (text == text_) return;
+    text_ = std::move(text);
+    changed.emit();
+}
+
+LabelField::LabelField(FieldGroup& group, const FieldSpec& spec, std::string_view design, std::optional<Range> range)
+    : TextField(group, Kind::Label, spec, design, range) {}
+
+ListField::ListField(FieldGroup& group, const FieldSpec& spec, std::vector<std::string> entries, int design)
+    : Field(group, Kind::List, spec, {}), design_(design), index_(design) {
+    for (auto& entry : entries) choices_.push_back({std::move(entry), 0});
+}
+
+void ListField::setIndex(int index) {
+    if (index < -1 || index >= static_cast<int>(choices_.size()))
+        throw RuntimeFailure("Invalid list index " + std::to_string(index) + " for " + name());
+    if (index == index_) return;
+    index_ = index;
+    changed.emit();
+}
+
+void ListField::setChoices(std::vector<Choice> choices) {
+    choices_ = std::move(choices);
+    index_ = -1;
+    choicesChanged.emit();
+}
+
+std::string ListField::text() const { return index_ < 0 ? std::string() : choices_[static_cast<std::size_t>(index_)].text; }
+int ListField::data() const { return index_ < 0 ? -1 : choices_[static_cast<std::size_t>(index_)].data; }
+std::string ListField::valueText() const { return std::to_string(index_); }
+void ListField::setValueText(const std::string& text) { setIndex(strictInt16(text)); }
+
+void ListField::restoreValue() {
+    setIndex(std::min(design_, static_cast<int>(choices_.size()) - 1));
+}
+
+SliderField::SliderField(FieldGroup& group, const FieldSpec& spec, Range range, int design)
+    : Field(group, Kind::Slider, spec, range), design_(design), position_(design) {}
+
+void SliderField::setPosition(int position) {
+    position = std::clamp(position, range()->min, range()->max);
+    if (position == position_) return;
+    position_ = position;
+    changed.emit();
+}
+
+std::string SliderField::valueText() const { return std::to_string(position_); }
+void SliderField::setValueText(const std::string& text) { setPosition(strictInt16(text)); }
+
+NumberField::NumberField(FieldGroup& group, const FieldSpec& spec, std::int16_t design)
+    : Field(group, Kind::Number, spec, {}), design_(design), value_(design) {}
+
+void NumberField::setValue(std::int16_t value) {
+    if (value == value_) return;
+    value_ = value;
+    changed.emit();
+}
+
+std::string NumberField::valueText() const { return std::to_string(value_); }
+void NumberField::setValueText(const std::string& text) { setValue(strictInt16(text)); }
+
+}  // namespace gatehouse

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+namespace gatehouse {
+
+/// Where every room reports. Serious means only that the line is kept at the level "Serious Errors.".
+class Log {
+public:
+    virtual ~Log() = default;
+    virtual void logEvent(std::string_view message, bool serious = false) = 0;
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "base/observable.h"
+
+#include <cstdint>
+#include <string>
+
+namespace gatehouse {
+
+/// The modes of the tool: the one-based index of the side bar's group.
+enum Mode : std::int16_t { kConnect = 1, kListen = 2, kDedicated = 3, kBenchmark = 4 };
+
+/// The values of one run.
+struct RunState {
+    double LastTick = 0;  ///< milliseconds; tick count of the last logged line
+    bool FirstRun = false;
+    bool RunErrors = false;  ///< set by a run command that failed
+    Observable<bool> ShowConsole{false};
+    bool LogOpen = false;
+    std::string AppDir;         ///< program folder, ends in a backslash
+    std::string GameDir;        ///< game folder, ends in a backslash
+    std::string VersionString;  ///< such as 00.03.03
+    std::string CommandLine;    ///< lower-cased and trimmed
+    std::string CurrentConfigPath;
+    std::string CurrentServerList;
+    bool ConfigChanged = false;
+    bool ServerListChanged = false;
+    /// The current group of the side bar as well: both are one value.
+    Observable<std::int16_t> CurrentMode{kConnect};
+    std::int16_t zoomLevel = 1;  ///< of the map preview, 1 to 3
+    std::string LaunchCommand;
+    /// Title of the main window: the document's path, in lower case, once one is loaded.
+    Observable<std::string> title{std::string("Gatehouse: ")};
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "base/command_flags.h"
+#include "base/field.h"
+#include "base/log.h"
+#include "base/run_state.h"
+#include "base/runtime_failure.h"
+#include "config/document_host.h"
+#include "config/document_rows.h"
+#include "config/settings_document.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "startup/option_store.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace gatehouse {
+
+/// A line of a config document that can't be taken. The message names the file, the line's number, the line (its first
+/// 200 characters) and what is wrong with it.
+class DocumentFailure : public RuntimeFailure {
+public:
+    DocumentFailure(std::string path, long lineNumber, std::string line, std::string_view reason);
+
+    const std::string& path() const { return path_; }
+    long lineNumber() const { return lineNumber_; }
+    const std::string& line() const { return line_; }
+
+private:
+    std::string path_;
+    long lineNumber_;
+    std::string line_;
+};
+
+/// What the documents are made from and what they act on. All of it outlives them.
+struct DocumentParts {
+    Files& files;
+    Dialogs& dialogs;
+    Log& log;
+    OptionStore& options;
+    RunState& run;
+    SettingsDocument& doc;
+    CommandFlags& flags;
+    DocumentHost& host;
+    const TextField& ghcdir;
+    const ListField& q3overwrite;
+};
+
+/// Writes and loads the config documents, and carries the Open and Save commands.
+class ConfigDocuments {
+public:
+    explicit ConfigDocuments(const DocumentParts& parts);
+    ConfigDocuments(const ConfigDocuments&) = delete;
+    ConfigDocuments& operator=(const ConfigDocuments&) = delete;
+
+    /// Writes the document over whatever is there and clears its changed flag. Fails, with the old file untouched, for
+    /// a document that can't be put into lines; fails when the file can't be deleted, made or written.
+    void writeConfig(const std::string& path);
+    /// Writes default.ghc into the folder of the documents. Fails like any file.
+    void writeDefaultConfig();
+    /// Writes the document without a word and leaves title and changed flag alone; a line that can't be written is left
+    /// out. Meant for what is unsaved when the program fails.
+    void writeRescue(const std::string& path);
+    /// Applies a document line by line. False when it can't be opened. Fails with `DocumentFailure` at a line that
+    /// can't be taken; what stands before it stays applied.
+    bool loadConfig(const std::string& path);
+
+    void mfileopen_Click();
+    void mfilesave_Click();
+
+private:
+    /// Lines that go to the file together, and what is logged behind them.
+    struct Section {
+        std::string text;
+        std::string_view report;
+    };
+    enum class BadLines { Fail, LeaveOut };
+    std::vector<Section> compose(BadLines badLines) const;
+
+    void applyLine(const std::string& line);
+    void parseSeta(std::string key, const std::string& value);
+    void parseBind(const std::string& key, const std::string& value);
+    void parseMaps(const std::string& key, const std::string& value);
+    void parseBase(std::string key, const std::string& value);
+    void parseSrvr(std::string key, const std::string& value);
+    void parseBots(const std::string& key, const std::string& value);
+    void parseMods(std::string key, const std::string& value);
+    void chooseMod(const std::string& name);
+    void labelModKey(std::string_view command, const std::string& button);
+    /// The row of that upper-cased key, or nothing.
+    static const DocumentRow* findRow(const std::vector<DocumentRow>& rows, const std::string& key);
+
+    std::string defaultPath() const;
+    void chooseDocument(const std::string& path);
+
+    DocumentParts parts_;
+    std::vector<DocumentRow> seta_;
+    std::vector<DocumentRow> srvr_;
+    std::vector<DocumentRow> bots_;
+    std::unordered_map<std::string, const DocumentRow*> setaByKey_;
+};
+
+}  // namespace gatehouse

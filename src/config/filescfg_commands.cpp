@@ -1,0 +1,81 @@
+#include "config/filescfg.h"
+
+#include "base/text.h"
+
+namespace gatehouse {
+
+namespace {
+
+constexpr std::string_view kDocumentFilter = "Gatehouse Configuration File (*.ghc)|*.ghc";
+
+/// The path up to its last backslash, empty if there is none behind the first character.
+std::string folderOf(const std::string& path) {
+    const auto at = path.rfind('\\');
+    return at == std::string::npos || at == 0 ? std::string() : path.substr(0, at + 1);
+}
+
+}  // namespace
+
+std::string ConfigDocuments::defaultPath() const { return trim(parts_.ghcdir.text()) + "default.ghc"; }
+
+void ConfigDocuments::chooseDocument(const std::string& path) {
+    parts_.run.CurrentConfigPath = path;
+    parts_.options.setOption("lastcfg", path);
+}
+
+void ConfigDocuments::mfileopen_Click() {
+    RunState& run = parts_.run;
+    std::string folder = folderOf(run.CurrentConfigPath);
+    if (folder.empty()) folder = trim(parts_.ghcdir.text());
+    const FileDialog dialog{.title = "Load Config",
+                            .filter = std::string(kDocumentFilter),
+                            .startFolder = folder,
+                            .fileName = run.CurrentConfigPath};
+    for (;;) {
+        const auto chosen = parts_.dialogs.openFile(dialog);
+        if (!chosen) return;
+        if (parts_.files.fileExists(*chosen)) {
+            chooseDocument(*chosen);
+            break;
+        }
+        const Answer answer = parts_.dialogs.show({.title = "Load Config",
+                                                   .text = "File Does Not Exist. Choose Another?",
+                                                   .buttons = Buttons::YesNo,
+                                                   .icon = Icon::Question});
+        if (answer != Answer::Yes) return;
+    }
+    loadConfig(run.CurrentConfigPath);
+    try {
+        parts_.host.sbar_GroupClick(run.CurrentMode.get());
+    } catch (const RuntimeFailure&) {
+        // The document is loaded whether or not its mode can be shown.
+    }
+}
+
+void ConfigDocuments::mfilesave_Click() {
+    RunState& run = parts_.run;
+    for (;;) {
+        // The dialog starts from the last stored file, not from the one in use.
+        run.CurrentConfigPath = parts_.options.getOption("lastcfg", defaultPath());
+        if (trim(run.CurrentConfigPath).empty()) run.CurrentConfigPath = defaultPath();
+        const auto chosen = parts_.dialogs.saveFile({.title = "Save Config",
+                                                     .filter = std::string(kDocumentFilter),
+                                                     .startFolder = folderOf(run.CurrentConfigPath),
+                                                     .fileName = run.CurrentConfigPath});
+        if (!chosen) return;
+        if (parts_.files.fileExists(*chosen) && parts_.q3overwrite.index() == 0) {
+            const Answer answer = parts_.dialogs.show({.title = "Save Config",
+                                                       .text = "File Already Exists. Overwrite?",
+                                                       .buttons = Buttons::YesNoCancel,
+                                                       .icon = Icon::Question,
+                                                       .safeAnswer = Answer::Cancel});
+            if (answer == Answer::Cancel) return;
+            if (answer != Answer::Yes) continue;
+        }
+        chooseDocument(*chosen);
+        writeConfig(run.CurrentConfigPath);
+        return;
+    }
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,160 @@
+#include "content/map_catalog.h"
+
+#include "base/numbers.h"
+#include "base/run_state.h"
+#include "base/text.h"
+#include "content/standard_maps.h"
+#include "platform/files.h"
+
+#include <array>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr std::string_view kUserMapsFile = "usermaps.txt";
+constexpr std::string_view kStandardGroup = "STD";
+constexpr std::string_view kUserGroup = "USER";
+constexpr std::string_view kUserPrefix = "AE";
+constexpr int kKeyDigits = 2;
+/// The groups and the standard maps: the nodes that every tree begins with.
+constexpr int kFixedNodes = 43;
+
+constexpr std::array<std::string_view, 14> kHeaderLines = {
+    "/////////////////////////////////////////////////////////////",
+    "// usermaps.txt",
+    "//",
+    "// this file list all user-added maps in gatehouse. you can",
+    "// add maps to this list manually, but it is probably easier",
+    "// to add them from within gatehouse.",
+    "//",
+    "// format: MAPNAME Map Description",
+    "//",
+    "// e.g.",
+    "//",
+    "// Q3DM1 Arena Gate",
+    "// q3TOURNEY2 The Proving Grounds",
+    "//",
+};
+
+MapEntry groupNode(std::string_view key, std::string_view text, std::string_view parent) {
+    return {.key = std::string(key),
+            .parent = std::string(parent),
+            .text = std::string(text),
+            .description = {},
+            .image = MapImage::ClosedGroup};
+}
+
+MapEntry mapNode(std::string_view prefix, int number, std::string_view parent, const std::string& name,
+                 std::string_view description) {
+    return {.key = std::string(prefix) + zeroPadded(number, kKeyDigits),
+            .parent = std::string(parent),
+            .text = name + " " + std::string(description),
+            .description = std::string(description)};
+}
+
+/// The keys of maps, and of no group, begin with this letter.
+bool isMap(const MapEntry& node) { return node.key.starts_with('A'); }
+
+}  // namespace
+
+void MapCatalog::loadStandardMaps() {
+    maptree.clear();
+    maptree.append(groupNode(kStandardGroup, "Standard Maps", {}));
+    maptree.append(groupNode(kUserGroup, "User Maps", {}));
+    for (const MapClass& one : kMapClasses) maptree.append(groupNode(one.key, one.text, kStandardGroup));
+    for (std::size_t column = 0; column < kMapClasses.size(); ++column) {
+        const MapClass& one = kMapClasses[column];
+        int number = 0;
+        for (const StandardMap& map : standardMaps()) {
+            if (map.inClass[column])
+                maptree.append(mapNode(one.prefix, number, one.key, upper(map.name), map.description));
+            ++number;
+        }
+    }
+    log_.logEvent("Standard Maps OK");
+}
+
+std::string MapCatalog::userMapsPath() const { return run_.AppDir + std::string(kUserMapsFile); }
+
+void MapCatalog::loadUserMaps() {
+    log_.logEvent("Opening usermaps.txt");
+    std::unique_ptr<TextReader> file;
+    try {
+        file = files_.openText(userMapsPath());
+    } catch (const FileFailure&) {
+        log_.logEvent("Couldn't open usermaps.txt");
+        return;
+    }
+    log_.logEvent("File opened OK");
+    userMapCounter_ = kStandardMapCount;
+    std::string line;
+    while (file->readLine(line)) {
+        if (startsWith(line, "//")) continue;
+        const long blank = find(line, " ");
+        if (blank == 0) {
+            log_.logEvent("Couldn't parse map line:" + line);
+            continue;
+        }
+        const std::string name = left(line, blank - 1);
+        addUserMap(name, mid(line, blank + 1));
+        log_.logEvent("->parsed " + name + " OK");
+    }
+    log_.logEvent(std::to_string(userMapCounter_ - static_cast<int>(kStandardMapCount)) + " Maps parsed OK");
+}
+
+void MapCatalog::saveUserMaps() {
+    log_.logEvent("Saving usermaps.txt");
+    std::vector<std::string> lines(kHeaderLines.begin(), kHeaderLines.end());
+    for (int position = 1; position <= maptree.count(); ++position) {
+        const MapEntry& node = maptree.at(position);
+        if (startsWith(node.key, kUserPrefix)) lines.push_back(node.text);
+    }
+    std::unique_ptr<TextWriter> file;
+    try {
+        file = files_.createText(userMapsPath());
+    } catch (const FileFailure&) {
+        log_.logEvent("Couldn't write to usermaps.txt");
+        return;
+    }
+    log_.logEvent("File opened OK");
+    for (const std::string& line : lines) file->writeLine(line);
+    file->close();
+    log_.logEvent(std::to_string(maptree.count() - kFixedNodes) + " maps written OK");
+}
+
+int MapCatalog::addUserMap(const std::string& name, const std::string& description) {
+    const int position = maptree.append(mapNode(kUserPrefix, userMapCounter_, kUserGroup, name, description));
+    userMapCounter_ = addInt16(userMapCounter_, 1);
+    return position;
+}
+
+void MapCatalog::unmarkAll() {
+    for (int position = 1; position <= maptree.count(); ++position) {
+        if (!maptree.at(position).used) continue;
+        maptree.update(position, [](MapEntry& node) {
+            node.used = false;
+            node.image = isMap(node) ? MapImage::FreeMap : MapImage::ClosedGroup;
+        });
+    }
+}
+
+void MapCatalog::markRotation(const Rotation& rotation) {
+    std::unordered_set<std::string> inRotation;
+    for (int position = 1; position <= rotation.count(); ++position) {
+        const RotationRow& row = rotation.at(position);
+        inRotation.insert(upper(trim(row.name) + " " + row.description));
+    }
+    for (int position = 1; position <= maptree.count(); ++position) {
+        if (!inRotation.contains(upper(trim(maptree.at(position).text)))) continue;
+        maptree.update(position, [](MapEntry& node) {
+            node.used = true;
+            node.image = MapImage::UsedMap;
+        });
+    }
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "base/log.h"
+#include "base/table.h"
+#include "config/rotation.h"
+
+#include <cstdint>
+#include <string>
+
+namespace gatehouse {
+
+class Files;
+struct RunState;
+
+enum class MapImage { ClosedGroup = 1, FreeMap = 2, UsedMap = 3, OpenGroup = 4 };
+
+/// One node of the map tree.
+struct MapEntry {
+    std::string key;          ///< group key, or class prefix and number ("AA00", "AE29")
+    std::string parent;       ///< key of the node above, empty for a root
+    std::string text;         ///< map name, blank, description
+    std::string description;
+    bool used = false;        ///< stands in the rotation: shown in the button-face colour
+    MapImage image = MapImage::FreeMap;
+};
+
+using MapTree = Table<MapEntry>;
+
+/// The catalog of maps: the tree `maptree`, the standard maps and the file `usermaps.txt`.
+class MapCatalog {
+public:
+    MapCatalog(Files& files, Log& log, const RunState& run) : files_(files), log_(log), run_(run) {}
+
+    MapTree maptree;
+
+    /// Empties the tree and fills it with the groups and the standard maps.
+    void loadStandardMaps();
+    /// Adds the maps of `usermaps.txt` under the group of user maps.
+    void loadUserMaps();
+    /// Writes `usermaps.txt` whole.
+    void saveUserMaps();
+    /// Adds a user map and returns its position.
+    int addUserMap(const std::string& name, const std::string& description);
+
+    /// Takes the marks of use off all maps.
+    void unmarkAll();
+    /// Marks every node whose trimmed text equals the name and description of a row, in any case.
+    void markRotation(const Rotation& rotation);
+
+private:
+    std::string userMapsPath() const;
+
+    Files& files_;
+    Log& log_;
+    const RunState& run_;
+    std::int16_t userMapCounter_ = 0;
+};
+
+}  // namespace gatehouse

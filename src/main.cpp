@@ -1,0 +1,105 @@
+// Makes the services, the program and its windows, and hands them to each other.
+
+#include "platform/qt/guarded_application.h"
+#include "platform/qt/native_paths.h"
+#include "platform/qt/program_folder.h"
+#include "platform/qt/qt_clipboard.h"
+#include "platform/qt/qt_clock.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_files.h"
+#include "platform/qt/qt_processes.h"
+#include "platform/qt/qt_settings_store.h"
+#include "platform/qt/qt_udp_socket.h"
+#include "platform/qt/qt_viewers.h"
+#include "platform/qt/zip_archives.h"
+#include "platform/random.h"
+#include "platform/x11/x11_windows.h"
+#include "startup/gatehouse.h"
+#include "window/main_window.h"
+#include "window/splash_window.h"
+#include "window/widgets/icons.h"
+#include "window/widgets/qt_dialogs.h"
+
+#include <QApplication>
+
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+namespace {
+
+constexpr const char* kPlatformVariable = "QT_QPA_PLATFORM";
+
+bool isSet(const char* name) {
+    const char* value = std::getenv(name);
+    return value && *value;
+}
+
+/// Without a display the toolkit would end the process; it draws into memory instead, and nobody is asked anything.
+bool chooseDisplay() {
+    if (!isSet(kPlatformVariable) && !isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY"))
+        ::setenv(kPlatformVariable, "offscreen", 1);
+    const char* platform = std::getenv(kPlatformVariable);
+    return !platform || std::string_view(platform) != "offscreen";
+}
+
+int fail(const std::string& line) {
+    std::cerr << line << '\n';
+    return EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace gatehouse;
+    const bool interactive = chooseDisplay();
+
+    QtEventLoop events;
+    GuardedApplication<QApplication> application(events, argc, argv);
+    QApplication::setApplicationName(QStringLiteral("gatehouse"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Gatehouse"));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    std::string programFolder;
+    try {
+        programFolder = toProgramPath(prepareProgramFolder(GATEHOUSE_DATA_DIR));
+    } catch (const RuntimeFailure& failure) {
+        return fail(failure.what());
+    }
+
+    QtFiles files(cacheFolder());
+    QtSettingsStore settings(optionsFile());
+    QtClock clock;
+    QtDialogs dialogs(interactive);
+    QtClipboard clipboard;
+    QtProcesses processes(argc, argv);
+    X11Windows windows([&processes] { return processes.startedGames(); });
+    ZipArchives archives;
+    QtUdpSocket socket(events);
+    QtViewers viewers(interactive);
+    Random random;
+    const Services services{files,   settings,  events,   clock,  dialogs, clipboard,
+                            windows, processes, archives, socket, viewers, random};
+
+    Gatehouse program(services, programFolder);
+    // Nobody looks at a splash that is drawn into memory.
+    std::optional<SplashWindow> splash;
+    if (interactive) splash.emplace(program.splash, program.run);
+    // A run-and-leave never sees the main window: it is made when it is first wanted.
+    std::unique_ptr<MainWindow> mainWindow;
+    program.q3.visible.changed.connect([&] {
+        if (!mainWindow) mainWindow = std::make_unique<MainWindow>(program);
+    });
+
+    try {
+        program.StartupDriver();
+        if (program.q3.visible.get()) events.run();
+    } catch (const Shutdown&) {
+        // The main window has unloaded inside a wait.
+    } catch (const std::exception& failure) {
+        return fail(program.handleFatal(failure, interactive));
+    }
+    return program.exitStatus();
+}

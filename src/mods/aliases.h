@@ -1,0 +1,33 @@
+#pragma once
+
+#include "base/log.h"
+#include "base/run_state.h"
+#include "config/bindings.h"
+#include "platform/files.h"
+
+namespace gatehouse {
+
+/// The user's own console scripts in `aliases.txt`. Each of their keys is a row of the key list; a script whose keys
+/// are all bound goes into the game.
+class AliasBook {
+public:
+    AliasBook(Files& files, Log& log, const RunState& run, BindingTable& bindlist)
+        : files_(files), log_(log), run_(run), bindlist_(bindlist) {}
+
+    /// Adds a row for each key of each script. A missing file costs a log line; a name or label without its two quotes
+    /// fails.
+    void loadAliases();
+    /// Makes `ghaliases.cfg` and writes the lines that run it. Fails without `aliases.txt`, and where a script names a
+    /// key that has no row.
+    void WriteAliases(TextWriter& CfgStream);
+
+private:
+    void writeScripts(TextReader& source, TextWriter& target) const;
+
+    Files& files_;
+    Log& log_;
+    const RunState& run_;
+    BindingTable& bindlist_;
+};
+
+}  // namespace gatehouse

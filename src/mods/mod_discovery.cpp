@@ -1,0 +1,119 @@
+#include "mods/mod_discovery.h"
+
+#include "base/text.h"
+#include "mods/mod_file.h"
+#include "startup/findq3a.h"
+
+#include <string_view>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr std::string_view kDefinitionEnd = "ghm";
+constexpr std::string_view kArchiveEnd = "pk3";
+constexpr std::string_view kGameArchive = "pak0.pk3";
+constexpr std::string_view kGameCode = "qagame.qvm";
+constexpr int kArchiveExtent = 100;
+constexpr double kPulseEnd = 99.9;
+constexpr double kPulseStep = 0.03;
+
+/// Game types of a mod that is known by its loose game code alone. Single player is not offered.
+void offerUsualGameTypes(ModEntry& mod) {
+    mod.gtype[0] = "Free For All";
+    mod.gtype[1] = "Tournament";
+    mod.gtype[3] = "Team DM";
+    mod.gtype[4] = "CTF";
+}
+
+ModEntry modOfFolder(const std::string& dir) {
+    ModEntry mod;
+    mod.name = dir;
+    mod.dir = dir;
+    return mod;
+}
+
+}  // namespace
+
+void ModDiscovery::scanForMods() {
+    log_.logEvent("scanning for mods");
+    q3getmods.busy.set(true);
+    events_.yield();
+    // Definition files come first: a folder that one of them names is not added again.
+    readDefinitions();
+    recoverGameDir();
+    for (const FolderEntry& folder : files_.listFolder(run_.GameDir).folders) scanGameFolder(folder);
+    q3getmods.busy.set(false);
+    events_.yield();
+    log_.logEvent("found " + std::to_string(mods_.modCount()) + " mods.");
+}
+
+void ModDiscovery::readDefinitions() {
+    for (const FolderEntry& file : files_.listFolder(run_.AppDir + "mods").files) {
+        if (!file.name.ends_with(kDefinitionEnd)) continue;
+        ModEntry mod;
+        if (!parseModFile(files_, file.path, mod)) continue;
+        const std::string name = mod.name;
+        mods_.add(std::move(mod));
+        log_.logEvent("Found mod: " + name);
+    }
+}
+
+void ModDiscovery::recoverGameDir() {
+    if (trim(run_.GameDir).empty()) run_.GameDir = gameFolderOf(store_.getOption("exepath", "none"));
+}
+
+void ModDiscovery::scanGameFolder(const FolderEntry& folder) {
+    const FolderListing listing = files_.listFolder(folder.path);
+    for (const FolderEntry& file : listing.files)
+        if (endsWithNoCase(file.name, kArchiveEnd) && !equalNoCase(file.shortName, kGameArchive))
+            scanArchive(file, folder.name);
+    for (const FolderEntry& subFolder : listing.folders) scanSubFolder(subFolder, folder.name);
+}
+
+void ModDiscovery::scanArchive(const FolderEntry& archive, const std::string& dir) {
+    log_.logEvent("scanning " + archive.name);
+    q3getmods.modlabel.set("Scanning " + archive.name);
+    q3getmods.modprogMax.set(kArchiveExtent);
+    q3getmods.modprog.set(0);
+    // A mod that is known from an archive alone offers no game types.
+    if (holdsGameCode(archive) && !known(dir)) mods_.add(modOfFolder(dir));
+}
+
+bool ModDiscovery::holdsGameCode(const FolderEntry& archive) {
+    bool found = false;
+    const bool listed = archives_.list(archive.path, [&](const std::string& entry) {
+        const double progress = q3getmods.modprog.get();
+        q3getmods.modprog.set((progress >= kPulseEnd ? 0 : progress) + kPulseStep);
+        found = found || findNoCase(entry, kGameCode) != 0;
+    });
+    if (!listed) log_.logEvent("couldn't read archive " + archive.path, true);
+    return found;
+}
+
+void ModDiscovery::scanSubFolder(const FolderEntry& subFolder, const std::string& dir) {
+    const std::string place = dir + "\\" + subFolder.name;
+    log_.logEvent("scanning folder " + place);
+    q3getmods.modlabel.set("Scanning folder " + place);
+    const FolderListing listing = files_.listFolder(subFolder.path);
+    if (listing.files.empty()) return;
+    q3getmods.modprogMax.set(static_cast<int>(listing.files.size()));
+    q3getmods.modprog.set(0);
+    for (const FolderEntry& file : listing.files) {
+        if (equalNoCase(file.name, kGameCode) && !known(dir)) {
+            ModEntry mod = modOfFolder(dir);
+            offerUsualGameTypes(mod);
+            mods_.add(std::move(mod));
+            log_.logEvent("Found mod: " + dir);
+        }
+        q3getmods.modprog.set(q3getmods.modprog.get() + 1);
+    }
+}
+
+bool ModDiscovery::known(const std::string& dir) const {
+    for (int index = 1; index <= mods_.modCount(); ++index)
+        if (equalNoCase(mods_.at(index).dir, dir)) return true;
+    return false;
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace gatehouse {
+
+enum class Buttons { Ok, YesNo, YesNoCancel };
+enum class Icon { None, Information, Question, Stop };
+enum class Answer { Ok, Yes, No, Cancel };
+
+/// A modal box. Lines of the text are parted by CR LF; the text is plain text.
+struct MessageBox {
+    std::string title;
+    std::string text;
+    Buttons buttons = Buttons::Ok;
+    Icon icon = Icon::None;
+    /// What is answered where nobody can: No or Cancel, for most questions.
+    Answer safeAnswer = Answer::No;
+};
+
+/// A file dialog. The filter has the form "Caption (*.a)|*.a|Other (*.b, *.c)|*.b;*.c".
+struct FileDialog {
+    std::string title;
+    std::string filter;
+    std::string startFolder;
+    std::string fileName;
+};
+
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+    /// Shows the box and returns when it is answered.
+    virtual Answer show(const MessageBox& box) = 0;
+    /// The chosen path, or nothing on cancel. Accepts a name that does not exist.
+    virtual std::optional<std::string> openFile(const FileDialog& dialog) = 0;
+    /// The chosen path, or nothing on cancel. Asks nothing about overwriting.
+    virtual std::optional<std::string> saveFile(const FileDialog& dialog) = 0;
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace gatehouse {
+
+/// The program folder in native form: `$GATEHOUSE_HOME`, otherwise `gatehouse` in the user's data folder. When it is
+/// missing or empty it is made and filled from the read-only `dataFolder`; what is there already is never overwritten.
+/// Fails when it can't be made.
+std::string prepareProgramFolder(const std::string& dataFolder);
+
+/// The file of the user's options, in native form.
+std::string optionsFile();
+
+/// The folder of what may be lost, in native form.
+std::string cacheFolder();
+
+}  // namespace gatehouse

@@ -1,0 +1,34 @@
+#pragma once
+
+namespace gatehouse {
+
+class Archives;
+class Clipboard;
+class Clock;
+class DesktopWindows;
+class Dialogs;
+class EventLoop;
+class Files;
+class Processes;
+class Random;
+class SettingsStore;
+class UdpSocket;
+class Viewers;
+
+/// The outside, as the core sees it. The services outlive the core.
+struct Services {
+    Files& files;
+    SettingsStore& settings;
+    EventLoop& events;
+    Clock& clock;
+    Dialogs& dialogs;
+    Clipboard& clipboard;
+    DesktopWindows& windows;
+    Processes& processes;
+    Archives& archives;
+    UdpSocket& socket;
+    Viewers& viewers;
+    Random& random;
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "base/command_flags.h"
+#include "base/field.h"
+#include "base/log.h"
+#include "base/run_state.h"
+#include "platform/files.h"
+#include "servers/server_entry.h"
+
+#include <string>
+
+namespace gatehouse {
+
+/// The `.ghs` files: lists of servers, kept in the folder that the option `ghcdir` names. No failure here goes beyond
+/// the log.
+class ServerLists {
+public:
+    ServerLists(Files& files, Log& log, RunState& run, CommandFlags& flags, const TextField& ghcdir,
+                ServerTable& iplist)
+        : files_(files), log_(log), run_(run), flags_(flags), ghcdir_(ghcdir), iplist_(iplist) {}
+
+    /// Replaces the rows by those of a file, sorted by ping. A missing file puts "default.ghs" into `name` and is
+    /// replaced by that. `name` may be the run's `CurrentServerList` itself.
+    void LoadServerList(std::string& name);
+    /// Writes all rows, in the order on show.
+    void SaveServerList(const std::string& name);
+
+private:
+    void readRows(TextReader& file);
+    void enableRowButtons(bool enabled);
+
+    Files& files_;
+    Log& log_;
+    RunState& run_;
+    CommandFlags& flags_;
+    const TextField& ghcdir_;
+    ServerTable& iplist_;
+};
+
+}  // namespace gatehouse

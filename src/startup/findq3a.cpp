@@ -1,0 +1,111 @@
+#include "startup/findq3a.h"
+
+#include "base/numbers.h"
+#include "base/text.h"
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kCounterMilliseconds = 1000;
+constexpr std::size_t kLongPath = 31;  // from this length on, a path is shown shortened
+
+}  // namespace
+
+std::string gameFolderOf(const std::string& executablePath) {
+    const std::string path = trim(executablePath);
+    if (path.size() < kGameExecutable.size())
+        throw RuntimeFailure("The game's place is not known: " + quoted(path) + " is no path of " +
+                             std::string(kGameExecutable));
+    return trim(cut(path, 0, static_cast<long>(kGameExecutable.size())));
+}
+
+GameFinder::GameFinder(Files& files, EventLoop& events, Dialogs& dialogs, Log& log, SplashView& splash)
+    : files_(files), events_(events), dialogs_(dialogs), log_(log), splash_(splash) {
+    ftimer_ = events_.createTimer([this] {
+        splash_.files.set(std::to_string(ScanFileCount_));
+        events_.yield();
+    });
+}
+
+std::string GameFinder::scanHardDisks() {
+    ScanFileCount_ = 0;
+    splash_.files.set("");
+    ftimer_->setInterval(kCounterMilliseconds);
+    ftimer_->setEnabled(true);
+    const int extent = splash_.splashbar.get();
+    splash_.splashmsgCentred.set(false);
+    FoundGamePath_.clear();
+    for (const Drive& drive : files_.drives()) {
+        if (drive.type != DriveType::Fixed) continue;
+        scanFolder(drive.path + "\\");
+        if (!FoundGamePath_.empty()) return FoundGamePath_;
+    }
+    splash_.splashbar.set(extent);
+    splash_.splashmsgCentred.set(true);
+    ftimer_->setEnabled(false);
+    splash_.files.set("");
+    return {};
+}
+
+void GameFinder::showFolder(const std::string& path) {
+    if (!splash_.visible.get()) return;
+    const int extent = splash_.splashbar.get() + 1;
+    splash_.splashbar.set(extent > kSplashExtent ? 0 : extent);
+    splash_.splashmsg.set("Scanning " + (path.size() < kLongPath ? path : left(path, 5) + "..." + right(path, 22)));
+    events_.yield();
+}
+
+void GameFinder::scanFolder(const std::string& path) {
+    showFolder(path);
+    const FolderListing listing = files_.searchListing(path);
+    for (const FolderEntry& file : listing.files) {
+        ScanFileCount_ = addInt16(ScanFileCount_, 1);
+        if (!equalNoCase(file.shortName, kGameExecutable)) continue;
+        confirmGameFile(file.path);
+        // Whatever the answer, this folder is done: its sub-folders are searched only for a folder without the file.
+        return;
+    }
+    for (const FolderEntry& folder : listing.folders) {
+        scanFolder(folder.path);
+        if (!FoundGamePath_.empty()) return;
+    }
+}
+
+void GameFinder::confirmGameFile(const std::string& path) {
+    const Answer answer =
+        dialogs_.show({.title = "Initial Setup",
+                       .text = "Gatehouse has found a copy of Quake 3 in\r\n" + path + ".\r\n\r\nIs this the right file?",
+                       .buttons = Buttons::YesNo,
+                       .icon = Icon::Question});
+    if (answer == Answer::Yes) FoundGamePath_ = path;
+}
+
+std::optional<std::string> GameFinder::chooseGameFile() {
+    return dialogs_.openFile({.title = "",
+                              .filter = "Executable Files (*.exe)|*.exe",
+                              .startFolder = "C:\\",
+                              .fileName = std::string(kGameExecutable)});
+}
+
+void GameFinder::backupGameConfig(const std::string& gameDir) {
+    const std::string backup = gameDir + "baseq3\\q3backup.cfg";
+    log_.logEvent("Backing up existing user Q3 config");
+    try {
+        files_.copyFile(gameDir + "baseq3\\q3config.cfg", backup);
+    } catch (const RuntimeFailure&) {
+        // An older backup counts as well: the look at the file below decides.
+    }
+    if (!files_.fileExists(backup)) {
+        log_.logEvent("->backup didn't work. Unknown error");
+        return;
+    }
+    dialogs_.show({.title = "First Time Setup",
+                   .text = "Gatehouse has made a backup of your existing\r\nQuake 3 settings in " + lower(gameDir) +
+                           "baseq3\\q3backup.cfg\r\n\r\nIf you ever need to revert to your current config,\r\n"
+                           "Just copy q3backup.cfg to q3config.cfg",
+                   .icon = Icon::Information});
+    log_.logEvent("->backup successful");
+}
+
+}  // namespace gatehouse

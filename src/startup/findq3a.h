@@ -1,0 +1,51 @@
+#pragma once
+
+#include "base/log.h"
+#include "base/run_state.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "startup/views.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace gatehouse {
+
+/// The game's file name. Wherever a path is cut back to its folder, the cut has this name's length, whatever the file
+/// is really called.
+inline constexpr std::string_view kGameExecutable = "quake3.exe";
+
+/// The trimmed path less the length of the game's file name, trimmed. Fails for a shorter path.
+std::string gameFolderOf(const std::string& executablePath);
+
+/// The search for the game, and the first look at its folder.
+class GameFinder {
+public:
+    GameFinder(Files& files, EventLoop& events, Dialogs& dialogs, Log& log, SplashView& splash);
+
+    /// Searches all fixed disks; asks about each copy found. The confirmed path, or an empty text.
+    std::string scanHardDisks();
+    /// Lets the user pick the game's executable. Nothing on cancel.
+    std::optional<std::string> chooseGameFile();
+    /// Copies the user's own game config aside and says so.
+    void backupGameConfig(const std::string& gameDir);
+
+private:
+    void scanFolder(const std::string& path);
+    void showFolder(const std::string& path);
+    void confirmGameFile(const std::string& path);
+
+    Files& files_;
+    EventLoop& events_;
+    Dialogs& dialogs_;
+    Log& log_;
+    SplashView& splash_;
+    std::unique_ptr<Timer> ftimer_;
+    std::int16_t ScanFileCount_ = 0;
+    std::string FoundGamePath_;
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,241 @@
+// The load sequence: every room in its order.
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "config/bindings.h"
+#include "platform/clock.h"
+#include "platform/desktop_windows.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/processes.h"
+#include "startup/gatehouse.h"
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kYieldsBeforeReady = 100;
+constexpr std::string_view kDefaultDocument = "default.ghc";
+
+/// What the list "When Gatehouse Starts," offers.
+enum StartWith { kLastFile, kDefaultFile, kChooseFile };
+
+}  // namespace
+
+void Gatehouse::StartupDriver() {
+    splash.splashbar.set(0);
+    splash.visible.set(true);
+    services_.events.yield();
+    run.LastTick = services_.clock.tickCount();
+    run.zoomLevel = 1;
+    checkRunningCopy();
+    setProgramPaths();
+    createLog();
+    readOptions();
+    placePanels();
+    fillInitialValues();
+    aliases.loadAliases();
+    serverLists.LoadServerList(run.CurrentServerList);
+    findMods();
+    models.loadUserModels();
+    chooseDocument();
+    if (!loadChosenDocument()) return;
+    maps.markRotation(doc.maplist);
+    try {
+        modes.sbar_GroupClick(run.CurrentMode.get());
+    } catch (const RuntimeFailure&) {
+        // The one step whose errors are ignored: the window comes up in whatever mode stands.
+    }
+    if (run.CommandLine.starts_with('r')) {
+        runAndLeave_ = true;
+        launcher.mfilerun_Click();
+        closeAllWindows();
+        return;
+    }
+    showMainWindow();
+}
+
+void Gatehouse::checkRunningCopy() {
+    run.LogOpen = false;
+    log.logEvent("gatehouse beta load sequence");
+    log.logEvent(dateTimeText(services_.clock.now()));
+    log.logEvent("");
+    log.logEvent("Checking if Gatehouse already running...");
+    for (const DesktopWindow& window : services_.windows.list()) {
+        if (find(upper(window.title), "GATEHOUSE:") == 0) continue;
+        services_.dialogs.show(
+            {.title = "Sorry...",
+             .text = "You are already running Gatehouse. You can't run two copies at once.\r\nClick OK to exit.",
+             .icon = Icon::Stop});
+        closeAllWindows();
+        return;  // The sequence goes on all the same.
+    }
+}
+
+void Gatehouse::setProgramPaths() {
+    run.VersionString = zeroPadded(GATEHOUSE_VERSION_MAJOR, 2) + "." + zeroPadded(GATEHOUSE_VERSION_MINOR, 2) + "." +
+                        zeroPadded(GATEHOUSE_VERSION_REVISION, 2);
+    run.AppDir = programFolder_ + "\\";
+    options.ghcdir.setText(run.AppDir);
+    run.CommandLine = trim(lower(services_.processes.commandLine()));
+}
+
+void Gatehouse::createLog() {
+    std::string keeplogs = "5";
+    try {
+        keeplogs = store.getOption("keeplogs", keeplogs);
+    } catch (const RuntimeFailure&) {
+        // Options that can't be read are reported where all of them are read.
+    }
+    if (log.purgeAndCreate(keeplogs)) return;
+    services_.dialogs.show({.title = "Critical Error",
+                            .text = "Cannot create the Gatehouse error log.\r\nErrorlog.txt is being used by another "
+                                    "program.\r\n\r\nPress OK to exit.",
+                            .icon = Icon::Stop});
+    closeAllWindows();
+}
+
+void Gatehouse::readOptions() {
+    log.logEvent("Querying registry...");
+    try {
+        if (store.getOption("exepath", "none") != "none") {
+            log.logEvent("Hive found. Getting settings.");
+            checkVersion();
+            optionKeeper.read();
+            log.logEvent("Registry retrieved OK");
+            optionKeeper.keepChanges();
+            return;
+        }
+    } catch (const RuntimeFailure& failure) {
+        log.logEvent(std::string("Problem with the options: ") + failure.what(), true);
+        services_.dialogs.show({.title = "Critical Error",
+                                .text = "There is a problem with the registry settings\r\nfor Gatehouse. When you click "
+                                        "OK, all\r\nregistry settings will be removed, and Gatehouse will\r\nterminate. "
+                                        "When you restart, it will run through the\r\nfirst-time setup.",
+                                .icon = Icon::Stop});
+        store.deleteSection();
+        closeAllWindows();
+        optionKeeper.keepChanges();
+        return;
+    }
+    firstTimeSetup();
+    optionKeeper.keepChanges();
+}
+
+void Gatehouse::checkVersion() {
+    log.logEvent("->checking gatehouse version (should be " + run.VersionString + ")");
+    const std::string stored = store.getOption("ghversion", "00.00.00");
+    log.logEvent("->last version used is " + stored);
+    if (stored == run.VersionString) {
+        log.logEvent("->version ok. continuing");
+        return;
+    }
+    log.logEvent("->different version. registry says " + quoted(stored));
+    store.setOption("ghversion", run.VersionString);
+}
+
+void Gatehouse::firstTimeSetup() {
+    log.logEvent("No registry info available. Assuming first run.");
+    run.FirstRun = true;
+    options.q3FilePath.setText("");
+    const Answer shown = services_.dialogs.show(
+        {.title = "Inital Setup",
+         .text = "Gatehouse can scan your system for the Quake 3 files,\r\nBut this could take some time.\r\n\r\n"
+                 "Can you show me where Quake 3 is?",
+         .buttons = Buttons::YesNo,
+         .icon = Icon::Question,
+         .safeAnswer = Answer::Yes});  // nobody wants a disk scanned that nobody watches
+    if (shown == Answer::No) {
+        options.q3FilePath.setText(finder.scanHardDisks());
+        if (options.q3FilePath.text().empty())
+            services_.dialogs.show({.title = "Initial Setup",
+                                    .text = "I could not find Quake 3. You will have\r\nto find it for me."});
+    }
+    if (options.q3FilePath.text().empty()) {
+        const auto chosen = finder.chooseGameFile();
+        if (!chosen) {
+            closeAllWindows();
+            return;
+        }
+        options.q3FilePath.setText(*chosen);
+        log.logEvent("User found game:" + *chosen);
+    }
+    options.q3startwith.setIndex(0);
+    options.q3runoptions.setIndex(0);
+    options.q3overwrite.setIndex(0);
+    optionKeeper.storeFirstRun(options.q3FilePath.text());
+    run.CurrentServerList = store.getOption("lastsvr", "");
+    log.logEvent("Registry setup OK");
+    documents.writeDefaultConfig();
+    finder.backupGameConfig(run.GameDir);
+}
+
+void Gatehouse::placePanels() { q3.loaded = true; }
+
+void Gatehouse::fillInitialValues() {
+    log.logEvent("Loading initial Values");
+    log.logEvent("Tabs & Frames OK");
+    fillBindings(doc.bindlist);
+    doc.q3rate.setText("4000");
+    models.loadStandardModels();
+    log.logEvent("Game Lists OK");
+    maps.loadStandardMaps();
+}
+
+void Gatehouse::findMods() {
+    modDiscovery.scanForMods();
+    modChoice.fillModcombo(services_.files);
+    maps.loadUserMaps();
+}
+
+std::string Gatehouse::defaultDocument() const { return trim(options.ghcdir.text()) + std::string(kDefaultDocument); }
+
+void Gatehouse::chooseDocument() {
+    if (!run.CommandLine.empty()) {
+        run.CurrentConfigPath = cut(run.CommandLine, 2, 0);
+        if (!services_.files.fileExists(run.CurrentConfigPath)) run.CurrentConfigPath = defaultDocument();
+        return;
+    }
+    run.CurrentConfigPath = store.getOption("lastcfg", defaultDocument());
+    const int startWith = options.q3startwith.index();
+    if (startWith == kDefaultFile || startWith == kChooseFile) run.CurrentConfigPath = defaultDocument();
+    if (startWith == kChooseFile) documents.mfileopen_Click();
+    if (run.CurrentConfigPath.empty()) run.CurrentConfigPath = defaultDocument();
+}
+
+bool Gatehouse::loadChosenDocument() {
+    if (documents.loadConfig(run.CurrentConfigPath)) return true;
+    if (!run.CommandLine.empty()) {
+        if (documents.loadConfig(run.CurrentConfigPath)) return true;
+        services_.dialogs.show({.title = "Critical Error",
+                                .text = "Cannot open " + run.CurrentConfigPath + ". Press OK to Exit.",
+                                .icon = Icon::Stop});
+        noDocument_ = true;
+        closeAllWindows();
+        return false;
+    }
+    log.logEvent("Trying default.ghc", true);
+    store.setOption("lastcfg", std::string(kDefaultDocument));
+    run.CurrentConfigPath = defaultDocument();
+    if (documents.loadConfig(run.CurrentConfigPath)) return true;
+    log.logEvent("No default.ghc available. Writing new default.ghc", true);
+    documents.writeDefaultConfig();
+    documents.loadConfig(run.CurrentConfigPath);
+    return true;
+}
+
+void Gatehouse::showMainWindow() {
+    q3.width.set(MainView::kWidth);
+    log.logEvent("");
+    log.logEvent(run.RunErrors ? "There were errors." : "No errors during startup.");
+    log.logEvent("Gatehouse is ready.");
+    splash.splashbar.set(kSplashExtent);
+    q3.height.set(run.ShowConsole.get() ? MainView::kHeightWithConsole : MainView::kHeight);
+    for (int i = 0; i < kYieldsBeforeReady; ++i) services_.events.yield();
+    ready_ = true;
+    q3.visible.set(true);
+    splash.visible.set(false);
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "base/field.h"
+#include "base/log.h"
+#include "base/run_state.h"
+#include "startup/option_store.h"
+
+#include <string>
+#include <vector>
+
+namespace gatehouse {
+
+/// The fields that hold options: those of the options dialog and three of the Benchmark tab.
+struct OptionsForm {
+    FieldGroup options{"options"};
+    TextField ghcdir{options, {.name = "ghcdir", .caption = "Default GHC Folder:", .hint = kFolderHint}};
+    TextField extracmdline{options,
+                           {.name = "extracmdline",
+                            .caption = "Extra Command Line:",
+                            .hint = "Put behind quake3.exe as it stands. The game believes everything you tell it."}};
+    ListField q3startwith{options,
+                          {.name = "q3startwith", .caption = "When Gatehouse Starts,"},
+                          {"Load last file saved.", "Load DEFAULT.GHC.", "Choose a file."}};
+    ListField q3overwrite{options,
+                          {.name = "q3overwrite", .caption = "When Saving Files,"},
+                          {"Confirm overwrite.", "Always overwrite."}};
+    ListField q3runoptions{options,
+                           {.name = "q3runoptions", .caption = "When I Click 'Run',"},
+                           {"Make CFG, launch Q3A.", "Make CFG, then ask.", "Make CFG files only."}};
+    TextField q3FilePath{options, {.name = "q3FilePath", .caption = "Q3 Program Path:", .hint = kFolderHint}};
+    TextField q3pingwait{options, {.name = "q3pingwait", .caption = "Ping server timeout:"}, "3", Range{1, 10, 1}};
+    ListField q3loglevel{options,
+                         {.name = "q3loglevel", .caption = "Error logging level:"},
+                         {"None.", "Serious Errors.", "Everything."}};
+    TextField q3buffsize{
+        options, {.name = "q3buffsize", .caption = "Console buffer (bytes):"}, "4096", Range{1024, 32768, 1024}};
+    TextField q3keeplogs{options, {.name = "q3keeplogs", .caption = "Logs to keep:"}, "", Range{1, 100, 1}};
+
+    FieldGroup benchmark{"benchmark"};
+    ListField q3staleaction{benchmark, {.name = "q3staleaction", .caption = "Stale action:"}, {"Retry.", "Next."}};
+    TextField q3bwait{benchmark, {.name = "q3bwait", .caption = "Stale time (mins):"}, "5", Range{1, 30, 1}};
+    TextField democount{benchmark, {.name = "democount", .caption = "Iterations:"}, "3", Range{1, 30, 1}};
+
+private:
+    static constexpr std::string_view kFolderHint =
+        "Where Q3A is located on your computer. If this isn't right, You're not going to get very far...";
+};
+
+/// Ties the form to the store: reads it once, and from then on stores each change at once.
+class OptionKeeper {
+public:
+    OptionKeeper(OptionsForm& form, OptionStore& store, Log& log, RunState& run);
+
+    /// Reads all options into the form and the run's values. Fails on a number that is none and on a list entry that
+    /// isn't there.
+    void read();
+    /// Stores the first full set of options, for a game at this path.
+    void storeFirstRun(const std::string& exepath);
+    /// From now on every change is stored and logged.
+    void keepChanges();
+    /// Puts the form back to what it is before any option is read; nothing is stored.
+    void restoreDesign();
+
+private:
+    struct Row;
+    std::vector<Row> rows() const;
+    void keep(const Row& row);
+
+    OptionsForm& form_;
+    OptionStore& store_;
+    Log& log_;
+    RunState& run_;
+    bool keeping_ = false;
+    bool kept_ = false;
+};
+
+}  // namespace gatehouse

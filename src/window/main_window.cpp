@@ -1,0 +1,200 @@
+#include "window/main_window.h"
+
+#include "platform/qt/shown_text.h"
+#include "startup/gatehouse.h"
+#include "window/widgets/binders.h"
+#include "window/widgets/console_panel.h"
+#include "window/widgets/elided_label.h"
+#include "window/widgets/follow.h"
+#include "window/widgets/icons.h"
+#include "window/widgets/side_bar.h"
+#include "window/widgets/twips.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTime>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kToolIcon = 22;
+constexpr int kGap = 8;
+constexpr int kMillisecondsPerMinute = 60'000;
+
+/// A title is shown as it stands, though the toolkit reads "[*]" in it as a mark of its own.
+QString windowTitleText(const std::string& title) { return shown(title).replace("[*]", "[*][*]"); }
+
+}  // namespace
+
+MainWindow::MainWindow(Gatehouse& program) : program_(program) {
+    setObjectName("q3");
+    setWindowIcon(icon("gatehouse"));
+    makeActions();
+    makeMenus();
+    makeToolBar();
+    makeCentre();
+    makeStatusBar();
+    followProgram();
+}
+
+QAction* MainWindow::makeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys) {
+    auto* action = new QAction(text, this);
+    action->setObjectName(name);
+    action->setShortcuts(keys);
+    return action;
+}
+
+void MainWindow::makeActions() {
+    mfileopen_ = makeAction("mfileopen", tr("&Open..."), {QKeySequence(Qt::CTRL | Qt::Key_O)});
+    mfileopen_->setIcon(icon("open"));
+    mfileopen_->setToolTip(tr("Open a settings document (Ctrl+O)"));
+    connect(mfileopen_, &QAction::triggered, this, [this] { program_.mfileopen_Click(); });
+
+    mfilesave_ = makeAction("mfilesave", tr("&Save..."), {QKeySequence(Qt::CTRL | Qt::Key_S)});
+    mfilesave_->setIcon(icon("save"));
+    mfilesave_->setToolTip(tr("Save the settings (Ctrl+S)"));
+    connect(mfilesave_, &QAction::triggered, this, [this] { program_.mfilesave_Click(); });
+
+    mfilerun_ = makeAction("mfilerun", tr("&Run"), {QKeySequence(Qt::CTRL | Qt::Key_R), QKeySequence(Qt::Key_F5)});
+    mfilerun_->setIcon(icon("run"));
+    mfilerun_->setToolTip(tr("Start the game with these settings (Ctrl+R)"));
+    bindCommand(*mfilerun_, program_.flags.mfilerun, [this] { program_.mfilerun_Click(); });
+
+    mfileexit_ = makeAction("mfileexit", tr("E&xit"), {QKeySequence(Qt::CTRL | Qt::Key_Q)});
+    mfileexit_->setMenuRole(QAction::QuitRole);
+    connect(mfileexit_, &QAction::triggered, this, [this] { program_.mfileexit_Click(); });
+
+    mtoolsconsole_ = makeAction("mtoolsconsole", tr("&Console"), {QKeySequence(Qt::Key_F12)});
+    bindSwitch(*mtoolsconsole_, program_.run.ShowConsole, [this] { program_.mtoolsconsole_Click(); });
+}
+
+void MainWindow::makeMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addActions({mfileopen_, mfilesave_, mfilerun_});
+    file->addSeparator();
+    file->addAction(mfileexit_);
+    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
+    tools->addAction(mtoolsconsole_);
+}
+
+void MainWindow::makeToolBar() {
+    auto* bar = new QToolBar(tr("Main Tool Bar"), this);
+    bar->setObjectName("q3bar1");
+    bar->setMovable(false);
+    bar->setIconSize({kToolIcon, kToolIcon});
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);  // its menu would offer to hide the bar for good
+    const auto addButton = [bar](QAction* action, const QString& key, const QString& text) {
+        action->setIconText(text);
+        bar->addAction(action);
+        bar->widgetForAction(action)->setObjectName(key);
+    };
+    addButton(mfileopen_, "Open", tr("Open"));
+    addButton(mfilesave_, "Save", tr("Save"));
+    addButton(mfilerun_, "Run", tr("Run"));
+    addToolBar(bar);
+}
+
+void MainWindow::makeCentre() {
+    auto* sframe = new ElidedLabel(Qt::ElideRight, this);
+    sframe->setObjectName("sframe");
+    QFont heading = sframe->font();
+    heading.setPointSizeF(heading.pointSizeF() * 1.35);
+    heading.setBold(true);
+    sframe->setFont(heading);
+    follow(sframe, program_.modes.frameCaption, [sframe](const std::string& text) { sframe->setText(shown(text)); });
+
+    auto* tab = new QVBoxLayout;
+    tab->setSpacing(kGap);
+    tab->addWidget(sframe);
+    tab->addWidget(makeFrames(), 1);
+
+    auto* upper = new QHBoxLayout;
+    upper->setSpacing(2 * kGap);
+    upper->addWidget(new SideBar(program_.modes, program_.run, this));
+    upper->addLayout(tab, 1);
+
+    auto* centre = new QWidget(this);
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(kGap, kGap, kGap, kGap / 2);
+    column->setSpacing(kGap);
+    column->addLayout(upper, 1);
+    column->addWidget(new ConsolePanel(program_.q3.q3console, program_.run.ShowConsole, centre));
+    setCentralWidget(centre);
+}
+
+QStackedWidget* MainWindow::makeFrames() {
+    auto* frames = new QStackedWidget(this);
+    frames->setObjectName("q3tabframes");
+    for (int i = 0; i < kFrameCount; ++i) {
+        const TabInfo& tab = tabInfo(static_cast<Frame>(i));
+        auto* frame = new QFrame(frames);
+        frame->setObjectName(shown(tab.key));
+        frame->setAccessibleName(shown(tab.caption));
+        frames->addWidget(frame);
+    }
+    follow(frames, program_.modes.FrameShown, [frames](std::int16_t frame) { frames->setCurrentIndex(frame); });
+    return frames;
+}
+
+void MainWindow::makeStatusBar() {
+    statusBar()->setObjectName("q3status");
+    auto* message = new ElidedLabel(Qt::ElideRight, this);
+    message->setObjectName("q3status1");
+    message->setContentsMargins(kGap / 2, 0, 0, 0);
+    statusBar()->addWidget(message, 1);
+    follow(message, program_.q3.q3status, [message](const std::string& text) { message->setText(shown(text)); });
+
+    clock_ = new QLabel(this);
+    clock_->setObjectName("q3status2");
+    clock_->setTextFormat(Qt::PlainText);
+    statusBar()->addPermanentWidget(clock_);
+    showClock();
+}
+
+void MainWindow::showClock() {
+    const QTime now = QTime::currentTime();
+    clock_->setText(now.toString("HH:mm"));
+    const int sinceMinute = now.msecsSinceStartOfDay() % kMillisecondsPerMinute;
+    QTimer::singleShot(kMillisecondsPerMinute - sinceMinute, Qt::PreciseTimer, this, &MainWindow::showClock);
+}
+
+void MainWindow::followProgram() {
+    follow(this, program_.run.title, [this](const std::string& title) { setWindowTitle(windowTitleText(title)); });
+    MainView& view = program_.q3;
+    const auto size = [this, &view] { resizeTo(view.width.get(), view.height.get()); };
+    size();
+    listen(this, view.width.changed, size);
+    listen(this, view.height.changed, size);
+    listen(this, view.visible.changed, [this, &view] {
+        setVisible(view.visible.get());
+        if (view.visible.get()) program_.q3_Activate();
+    });
+}
+
+void MainWindow::resizeTo(int widthTwips, int heightTwips) {
+    const QSize wanted(pixels(widthTwips), pixels(heightTwips));
+    // What a person has added to the window stays added.
+    const QSize added = asked_.isValid() ? (size() - asked_).expandedTo({0, 0}) : QSize(0, 0);
+    asked_ = wanted;
+    if (isMaximized() || isFullScreen()) return;
+    resize((wanted + added).boundedTo(screen()->availableSize()));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!program_.q3.visible.get()) return;  // it has unloaded already
+    // The program hides the window when it has unloaded; a window never goes inside its own event.
+    event->ignore();
+    program_.q3_Unload();
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <functional>
+
+class QAction;
+class QKeySequence;
+class QLabel;
+class QStackedWidget;
+
+namespace gatehouse {
+
+class Gatehouse;
+
+/// The main window `q3`. It shows what the program holds and hands on what a person does; it decides nothing. Hidden
+/// and never destroyed before the program ends.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// The program must outlive the window.
+    explicit MainWindow(Gatehouse& program);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QAction* makeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys);
+    void makeActions();
+    void makeMenus();
+    void makeToolBar();
+    void makeCentre();
+    QStackedWidget* makeFrames();
+    void makeStatusBar();
+    void followProgram();
+    void resizeTo(int widthTwips, int heightTwips);
+    void showClock();
+
+    Gatehouse& program_;
+    QAction* mfileopen_;
+    QAction* mfilesave_;
+    QAction* mfilerun_;
+    QAction* mfileexit_;
+    QAction* mtoolsconsole_;
+    QLabel* clock_ = nullptr;
+    QSize asked_;  ///< the size last asked for, in pixels
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,105 @@
+#include "window/rules/modes.h"
+
+#include "base/runtime_failure.h"
+#include "base/text.h"
+
+#include <array>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr std::array<TabInfo, kFrameCount> kTabs = {{
+    {"Server", "server", 1},
+    {"Servers", "servers", 2},
+    {"Maps", "maps", 3},
+    {"Player", "player", 4},
+    {"Keys", "keys", 5},
+    {"Bots", "bots", 6},
+    {"Video", "video", 7},
+    {"Tweak 1", "tweak1", 8},
+    {"Tweak 2", "tweak2", 8},
+    {"Benchmark", "benchmark", 9},
+    {"Help", "help", 10},
+}};
+
+constexpr std::array kConnectTabs = {kHelpFrame, kServersFrame, kPlayerFrame, kKeysFrame,
+                                     kVideoFrame, kTweak1Frame, kTweak2Frame};
+constexpr std::array kListenTabs = {kHelpFrame, kServerFrame, kMapsFrame,   kBotsFrame,  kPlayerFrame,
+                                    kKeysFrame, kVideoFrame,  kTweak1Frame, kTweak2Frame};
+constexpr std::array kDedicatedTabs = {kHelpFrame, kServerFrame, kMapsFrame, kBotsFrame};
+constexpr std::array kBenchmarkTabs = {kHelpFrame, kBenchmarkFrame};
+
+constexpr std::array<ModeInfo, 4> kModes = {{
+    {"Connect", kConnectTabs},
+    {"Listen", kListenTabs},
+    {"Dedicated", kDedicatedTabs},
+    {"Benchmark", kBenchmarkTabs},
+}};
+
+constexpr std::string_view kNoTab = "no tab";
+
+}  // namespace
+
+const TabInfo& tabInfo(Frame frame) { return kTabs.at(static_cast<std::size_t>(frame)); }
+std::span<const ModeInfo> modes() { return kModes; }
+
+ModeRules::ModeRules(RunState& run, CommandFlags& flags, SettingsDocument& document, ServerTable& iplist, Log& log,
+                     std::function<void()> loadBenchmarkLists)
+    : run_(run),
+      flags_(flags),
+      document_(document),
+      iplist_(iplist),
+      log_(log),
+      loadBenchmarkLists_(std::move(loadBenchmarkLists)) {}
+
+void ModeRules::sbar_GroupClick(std::int16_t group) {
+    if (group < 1 || group > static_cast<int>(kModes.size()))
+        throw RuntimeFailure("Index out of bounds: there is no mode " + std::to_string(group));
+    run_.CurrentMode.set(group);
+    if (group == kConnect) flags_.SetRunEnabled(!iplist_.empty());
+    if (group == kListen || group == kDedicated) flags_.SetRunEnabled(!document_.maplist.empty());
+    if (group == kBenchmark) loadBenchmarkLists_();
+    log_.logEvent("Mode change. Now:" + quoted(kModes[static_cast<std::size_t>(group - 1)].caption));
+    TabKey.set(std::string(kNoTab));
+    sbar_ListItemClick(run_.FirstRun ? 1 : 2);
+}
+
+void ModeRules::sbar_ListItemClick(std::int16_t item) {
+    const auto tabs = kModes.at(static_cast<std::size_t>(run_.CurrentMode.get() - 1)).tabs;
+    if (item < 1 || item > static_cast<int>(tabs.size()))
+        throw RuntimeFailure("Index out of bounds: there is no tab " + std::to_string(item));
+    const Frame frame = tabs[static_cast<std::size_t>(item - 1)];
+    const TabInfo& tab = tabInfo(frame);
+    if (tab.key == TabKey.get()) return;
+    TabKey.set(std::string(tab.key));
+    frameCaption.set(std::string(tab.caption));
+    FrameShown.set(frame);
+    enterFrame(frame);
+    log_.logEvent("Switching to tab: " + quoted(tab.key));
+}
+
+void ModeRules::enterFrame(Frame frame) {
+    if (frame == kServersFrame) {
+        if (iplist_.current() != 0) iplist_.select(iplist_.current());
+        focusWanted.emit(kServersFrame);
+    }
+    if (frame == kMapsFrame && !document_.maplist.empty()) {
+        flags_.mtool1[1].set(true);
+        flags_.mtool1[2].set(true);
+    }
+    if (frame == kBotsFrame) {
+        const bool random = document_.q3randbots.value() == 1;
+        flags_.q3botlist.set(!random);
+        document_.q3randnum.enabled.set(random);
+        document_.q3randskill.enabled.set(random);
+    }
+}
+
+void ModeRules::restoreDesign() {
+    TabKey.set("");
+    FrameShown.set(kNoFrame);
+    frameCaption.set("");
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "base/command_flags.h"
+#include "base/log.h"
+#include "base/observable.h"
+#include "base/run_state.h"
+#include "base/signal.h"
+#include "config/settings_document.h"
+#include "servers/server_entry.h"
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace gatehouse {
+
+/// The frames of the main window, one for each tab.
+enum Frame : std::int16_t {
+    kServerFrame,
+    kServersFrame,
+    kMapsFrame,
+    kPlayerFrame,
+    kKeysFrame,
+    kBotsFrame,
+    kVideoFrame,
+    kTweak1Frame,
+    kTweak2Frame,
+    kBenchmarkFrame,
+    kHelpFrame,
+    kFrameCount
+};
+
+/// One tab: its caption, its key and the number of its icon.
+struct TabInfo {
+    std::string_view caption;
+    std::string_view key;
+    int icon = 0;
+};
+
+/// One mode of the side bar with its tabs, in order.
+struct ModeInfo {
+    std::string_view caption;
+    std::span<const Frame> tabs;
+};
+
+/// The tab of a frame.
+const TabInfo& tabInfo(Frame frame);
+/// The four modes; index 0 is the mode 1.
+std::span<const ModeInfo> modes();
+
+/// The side bar: which mode is current, and which of its tabs is on show.
+class ModeRules {
+public:
+    ModeRules(RunState& run, CommandFlags& flags, SettingsDocument& document, ServerTable& iplist, Log& log,
+              std::function<void()> loadBenchmarkLists);
+
+    /// Changes the mode. Fails for a group that isn't there.
+    void sbar_GroupClick(std::int16_t group);
+    /// Shows a tab of the current mode, counted from 1; nothing happens if it is the one on show.
+    void sbar_ListItemClick(std::int16_t item);
+
+    Observable<std::string> TabKey;
+    Observable<std::int16_t> FrameShown{kNoFrame};
+    Observable<std::string> frameCaption;  ///< caption of `sframe`
+    /// The table of this frame asks for the input focus.
+    Signal<Frame> focusWanted;
+
+    static constexpr std::int16_t kNoFrame = -1;
+    void restoreDesign();
+
+private:
+    void enterFrame(Frame frame);
+
+    RunState& run_;
+    CommandFlags& flags_;
+    SettingsDocument& document_;
+    ServerTable& iplist_;
+    Log& log_;
+    std::function<void()> loadBenchmarkLists_;
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,150 @@
+#include "window/widgets/binders.h"
+
+#include "base/numbers.h"
+#include "base/runtime_failure.h"
+#include "platform/qt/shown_text.h"
+#include "window/widgets/follow.h"
+#include "window/widgets/spin_text.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+
+#include <limits>
+
+namespace gatehouse {
+
+namespace {
+
+QString accessibleCaption(const Field& field) {
+    QString caption = shown(field.spec().caption);
+    if (caption.endsWith(':')) caption.chop(1);
+    return caption;
+}
+
+void bindStates(QWidget& widget, Field& field) {
+    follow(&widget, field.enabled, [&widget](bool enabled) { widget.setEnabled(enabled); });
+    // A widget is on show with its parent unless told otherwise; to show it here could make it a window of its own.
+    if (!field.visible.get()) widget.hide();
+    listen(&widget, field.visible.changed, [&widget, &field] { widget.setVisible(field.visible.get()); });
+}
+
+void bindCommon(QWidget& widget, Field& field) {
+    widget.setObjectName(shown(field.spec().name));
+    if (!field.spec().hint.empty()) {
+        const QString hint = shown(field.spec().hint);
+        widget.setToolTip("<qt>" + hint.toHtmlEscaped() + "</qt>");
+        widget.setAccessibleDescription(hint);
+    }
+    bindStates(widget, field);
+}
+
+/// Shows the field's value now and after each change.
+template <class Show>
+void followValue(QWidget& widget, Field& field, Show show) {
+    show();
+    listen(&widget, field.changed, std::move(show));
+}
+
+bool isWholeNumber(const std::string& text) {
+    try {
+        strictInt16(text);
+        return true;
+    } catch (const RuntimeFailure&) {
+        return false;
+    }
+}
+
+void showText(QLineEdit& line, const TextField& field) {
+    const QString text = shown(field.text());
+    if (line.text() != text) line.setText(text);
+}
+
+/// `widget` is the line itself, or what it is a part of.
+template <class Widget>
+void bindText(Widget& widget, QLineEdit& line, TextField& field, Typed typed) {
+    bindCommon(widget, field);
+    widget.setAccessibleName(accessibleCaption(field));
+    // A document may hold a text of any length; the line must not cut it.
+    line.setMaxLength(std::numeric_limits<int>::max());
+    followValue(line, field, [&line, &field] { showText(line, field); });
+    QObject::connect(&line, &QLineEdit::textChanged, &line, [&field, typed](const QString& text) {
+        // Bytes that show alike stay as they are: only what differs on the screen was typed.
+        if (text == shown(field.text())) return;
+        const std::string bytes = typedBytes(text);
+        if (typed == Typed::AnyText || isWholeNumber(bytes)) field.setText(bytes);
+    });
+    if (typed == Typed::Number)
+        QObject::connect(&widget, &Widget::editingFinished, &line, [&line, &field] { showText(line, field); });
+}
+
+}  // namespace
+
+void bind(QCheckBox& box, CheckField& field) {
+    bindCommon(box, field);
+    box.setAccessibleName(accessibleCaption(field));
+    followValue(box, field, [&box, &field] { box.setChecked(field.value() != 0); });
+    // Only a person's click is handed on: a document may tick a box with another number than 1, which stands.
+    QObject::connect(&box, &QCheckBox::clicked, &box, [&field](bool checked) { field.setValue(checked ? 1 : 0); });
+}
+
+void bind(QLineEdit& line, TextField& field, Typed typed) { bindText(line, line, field, typed); }
+
+void bind(SpinText& spin, TextField& field, Typed typed) {
+    if (field.range()) spin.setRange(*field.range());
+    bindText(spin, spin.line(), field, typed);
+}
+
+void bind(QComboBox& list, ListField& field) {
+    bindCommon(list, field);
+    const auto showIndex = [&list, &field] { list.setCurrentIndex(field.index()); };
+    const auto refill = [&list, &field, showIndex] {
+        list.clear();
+        for (const Choice& choice : field.choices()) list.addItem(shown(choice.text));
+        showIndex();
+    };
+    refill();
+    listen(&list, field.choicesChanged, refill);
+    listen(&list, field.changed, showIndex);
+    // Told of a person's choice only, so that a refill is silent.
+    QObject::connect(&list, &QComboBox::activated, &list, [&field](int index) { field.setIndex(index); });
+}
+
+void bind(QSlider& slider, SliderField& field) {
+    bindCommon(slider, field);
+    slider.setAccessibleName(accessibleCaption(field));
+    slider.setRange(field.range()->min, field.range()->max);
+    slider.setSingleStep(field.range()->step);
+    if (field.range()->page > 0) slider.setPageStep(field.range()->page);
+    followValue(slider, field, [&slider, &field] { slider.setValue(field.position()); });
+    QObject::connect(&slider, &QSlider::valueChanged, &slider, [&field](int position) { field.setPosition(position); });
+}
+
+void bind(QLabel& label, LabelField& field) {
+    bindCommon(label, field);
+    label.setTextFormat(Qt::PlainText);
+    followValue(label, field, [&label, &field] { label.setText(shown(field.text())); });
+}
+
+void bindCaption(QLabel& label, QWidget& widget, Field& field) {
+    label.setTextFormat(Qt::PlainText);
+    label.setText(shown(field.spec().caption).replace('&', "&&"));
+    label.setBuddy(&widget);
+    bindStates(label, field);
+}
+
+void bindCommand(QAction& action, Observable<bool>& flag, std::function<void()> command) {
+    follow(&action, flag, [&action](bool enabled) { action.setEnabled(enabled); });
+    QObject::connect(&action, &QAction::triggered, &action, std::move(command));
+}
+
+void bindSwitch(QAction& action, Observable<bool>& state, std::function<void()> command) {
+    action.setCheckable(true);
+    follow(&action, state, [&action](bool on) { action.setChecked(on); });
+    QObject::connect(&action, &QAction::triggered, &action, std::move(command));
+}
+
+}  // namespace gatehouse

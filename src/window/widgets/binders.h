@@ -1,0 +1,43 @@
+#pragma once
+
+#include "base/field.h"
+#include "base/observable.h"
+
+#include <functional>
+
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QSlider;
+class QWidget;
+
+namespace gatehouse {
+
+class SpinText;
+
+/// What a line of text hands to its field: whatever is typed, or only whole numbers of 16 bits. An unfinished number
+/// stays in the line, and gives way to the field's text when the line is left.
+enum class Typed { AnyText, Number };
+
+// Each binder ties a widget to a field, both ways, for as long as the widget lives: value, enabled, visible, hint and
+// range. The widget gets the field's name, and its caption as accessible name. The field must outlive the widget.
+
+void bind(QCheckBox& box, CheckField& field);
+void bind(QLineEdit& line, TextField& field, Typed typed = Typed::AnyText);
+void bind(SpinText& spin, TextField& field, Typed typed = Typed::AnyText);
+void bind(QComboBox& list, ListField& field);
+void bind(QSlider& slider, SliderField& field);
+/// A label that shows a value has no accessible name: its text is what is read out.
+void bind(QLabel& label, LabelField& field);
+
+/// The label in front of a field's widget: shows its caption, hides with it and leads the keyboard to it.
+void bindCaption(QLabel& label, QWidget& widget, Field& field);
+
+/// A menu entry or tool button that can be used while `flag` holds and runs `command`.
+void bindCommand(QAction& action, Observable<bool>& flag, std::function<void()> command);
+/// A menu entry that is ticked while `state` holds and runs `command`, which is to change the state.
+void bindSwitch(QAction& action, Observable<bool>& state, std::function<void()> command);
+
+}  // namespace gatehouse

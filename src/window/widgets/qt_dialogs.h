@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/dialogs.h"
+
+#include <QString>
+
+namespace gatehouse {
+
+/// Boxes and file dialogs. Where nobody can answer (`interactive` false) a box is printed to standard error and
+/// answered safely, and a file dialog is cancelled.
+class QtDialogs : public Dialogs {
+public:
+    explicit QtDialogs(bool interactive) : interactive_(interactive) {}
+
+    Answer show(const MessageBox& box) override;
+    std::optional<std::string> openFile(const FileDialog& dialog) override;
+    std::optional<std::string> saveFile(const FileDialog& dialog) override;
+
+private:
+    std::optional<std::string> chooseFile(const FileDialog& dialog, bool saving) const;
+
+    bool interactive_;
+};
+
+/// A filter of the form "Caption (*.a)|*.a|Other (*.b, *.c)|*.b;*.c" as the toolkit wants it, with all files behind.
+QString toolkitFilter(const std::string& filter);
+
+}  // namespace gatehouse

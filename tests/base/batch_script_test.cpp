@@ -1,0 +1,93 @@
+#include "platform/batch_script.h"
+
+#include "base/runtime_failure.h"
+
+#include <gtest/gtest.h>
+
+namespace gatehouse {
+namespace {
+
+using Words = std::vector<std::string>;
+
+TEST(BatchScriptTest, SplitsAtBlanksAndQuotesGroup) {
+    const struct {
+        std::string line;
+        Words words;
+    } cases[] = {
+        {"", {}},
+        {"   ", {}},
+        {"quake3.exe", {"quake3.exe"}},
+        {"quake3.exe  +set a 1 ", {"quake3.exe", "+set", "a", "1"}},
+        {R"("my game.exe" +set n "a  b")", {"my game.exe", "+set", "n", "a  b"}},
+        {R"(a "" b)", {"a", "", "b"}},
+        {R"(pre"mid dle"post)", {"premid dlepost"}},
+        {R"(a "never closed +b)", {"a", "never closed +b"}},
+        {R"(a ")", {"a", ""}},
+        {R"(%PATH% ^& a|b >c <d ; `e` $(f) 'g h' \"i)",
+         {"%PATH%", "^&", "a|b", ">c", "<d", ";", "`e`", "$(f)", "'g", "h'", "\\i"}},
+        {"a\tb", {"a\tb"}},
+        {"\x80 \xFF\xE4", {"\x80", "\xFF\xE4"}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(splitProgramLine(c.line), c.words) << c.line;
+}
+
+TEST(BatchScriptTest, ReadsWhatALaunchWrites) {
+    const BatchScript script = parseBatchScript(
+        "\r\n@echo off\r\n\r\nREM ===\r\nREM C:\\x\\gatehouse.bat & del\r\nREM\r\n"
+        "C:\r\ncd \"\\Quake III Arena\"\r\nquake3.exe  +set fs_game baseq3 +exec gatehouse.cfg\r\nexit\r\n");
+    EXPECT_EQ(script.folder, "C:\\Quake III Arena");
+    EXPECT_EQ(script.arguments, (Words{"quake3.exe", "+set", "fs_game", "baseq3", "+exec", "gatehouse.cfg"}));
+}
+
+TEST(BatchScriptTest, FollowsDriveAndFolder) {
+    const struct {
+        std::string lines, folder;
+    } cases[] = {
+        {"", "C:\\"},
+        {"d:\n", "d:\\"},
+        {"C:\ncd \"\"\n", "C:\\"},
+        {"C:\ncd \"\\\"\n", "C:\\"},
+        {"C:\ncd \"\\a\\b\"\n", "C:\\a\\b"},
+        {"C:\ncd \"/a\"\n", "C:/a"},
+        {"C:\ncd \"a\"\n  CD \"b\"\n", "C:\\a\\b"},
+        {"cd \"\\a\"\nd:\n", "d:\\"},
+        {"cd \"\\odd \"name\"\" \n", "C:\\odd \"name\""},
+        {"cd \"\\100% ^&;$x \xE4\"\n", "C:\\100% ^&;$x \xE4"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(parseBatchScript(c.lines + "run\n").folder, c.folder) << c.lines;
+}
+
+TEST(BatchScriptTest, NothingCountsBehindExit) {
+    EXPECT_EQ(parseBatchScript("a b\n EXIT \nformat c:\n").arguments, (Words{"a", "b"}));
+    EXPECT_EQ(parseBatchScript("exit.exe 1\nREM done\n\n").arguments, (Words{"exit.exe", "1"}));
+}
+
+TEST(BatchScriptTest, FailsWithTheLine) {
+    const struct {
+        std::string text, message;
+    } cases[] = {
+        {"", "The batch file names no program"},
+        {"exit\nquake3.exe\n", "The batch file names no program"},
+        {"\"\" a\n", "The batch file names no program"},
+        {"a\nb\n", "Line 2 of the batch file comes after the program line"},
+        {"a\ncd \"\\b\"\n", "Line 2 of the batch file comes after the program line"},
+        {":loop\n", "Line 1 of the batch file is not known: :loop"},
+        {"\n@del x\n", "Line 2 of the batch file is not known: @del x"},
+        {"cd \\a\n", "Line 1 of the batch file names no folder"},
+        {"cd \"\\a\n", "Line 1 of the batch file names no folder"},
+        {"cd \"\n", "Line 1 of the batch file names no folder"},
+        {"a " + std::string(32768, 'x'), "Line 1 of the batch file is too long"},
+        {std::string("a \0b", 4), "Line 1 of the batch file holds a character that no program can be given"},
+    };
+    for (const auto& c : cases) {
+        try {
+            parseBatchScript(c.text);
+            ADD_FAILURE() << "no failure: " << c.text.substr(0, 40);
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.what(), c.message);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace gatehouse

@@ -1,0 +1,61 @@
+#include "base/numbers.h"
+
+#include "base/runtime_failure.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace gatehouse {
+namespace {
+
+TEST(Numbers, ValReadsTheLongestNumberAtTheStart) {
+    const struct {
+        std::string text;
+        double value;
+    } cases[] = {
+        {"", 0},          {"abc", 0},     {"12abc", 12},  {"  7", 7},    {"1 2 3", 123}, {"-3.5x", -3.5}, {".5.5", 0.5},
+        {"1e2", 100},     {"1e", 1},      {"1d2", 100},   {"+4", 4},     {"--4", 0},     {".", 0},        {"- 5", -5},
+        {"0x10", 0},      {"1,5", 1},     {"\t9", 9},     {"\xA0" "5", 0}, {"inf", 0},     {"nan", 0},
+    };
+    for (const auto& one : cases) EXPECT_DOUBLE_EQ(val(one.text), one.value) << one.text;
+    EXPECT_GT(val("1e999999"), 1e300);
+    EXPECT_EQ(val(std::string(1000000, '9') + "e-9999999"), val(std::string(4096, '9')));
+}
+
+TEST(Numbers, StrictConversionRoundsTiesToEvenAndRefusesTheRest) {
+    EXPECT_EQ(strictInt16(" 12 "), 12);
+    EXPECT_EQ(strictInt16("2.5"), 2);
+    EXPECT_EQ(strictInt16("3.5"), 4);
+    EXPECT_EQ(strictInt16("-32768"), -32768);
+    for (const std::string text : {"", " ", "abc", "1x", "1 2", "0x1", "\"1\"", "32768", "-32769", "1e5", "32767.5"})
+        EXPECT_THROW(strictInt16(text), RuntimeFailure) << text;
+    EXPECT_EQ(strictInt32("32768"), 32768);
+    EXPECT_THROW(valInt16("99999"), RuntimeFailure);
+    EXPECT_THROW(addInt16(32767, 1), RuntimeFailure);
+}
+
+TEST(Numbers, Booleans) {
+    EXPECT_TRUE(strictBoolean("TRUE"));
+    EXPECT_TRUE(strictBoolean("-1"));
+    EXPECT_FALSE(strictBoolean("0"));
+    EXPECT_FALSE(strictBoolean("False"));
+    EXPECT_THROW(strictBoolean("yes"), RuntimeFailure);
+}
+
+TEST(Numbers, TextForms) {
+    EXPECT_EQ(signedDecimal(1.3), " 1.3");
+    EXPECT_EQ(signedDecimal(0.5), " .5");
+    EXPECT_EQ(signedDecimal(2), " 2");
+    EXPECT_EQ(signedDecimal(-0.25), "-.25");
+    EXPECT_EQ(shortestDecimal(0.1), "0.1");
+    EXPECT_EQ(hundredthsAsTenths(35), "0.4");
+    EXPECT_EQ(hundredthsAsTenths(25), "0.3");
+    EXPECT_EQ(hundredthsAsTenths(100), "1.0");
+    EXPECT_EQ(hundredthsAsTenths(0), "0.0");
+    EXPECT_EQ(elapsedText(1.25), "001.25");
+    EXPECT_EQ(elapsedText(1234.5), "1234.50");
+}
+
+}  // namespace
+}  // namespace gatehouse

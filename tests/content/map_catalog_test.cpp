@@ -1,0 +1,181 @@
+#include "content/map_catalog.h"
+
+#include "base/run_state.h"
+#include "support/core/fakes.h"
+#include "support/core/garbage.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace gatehouse {
+namespace {
+
+constexpr int kFixedNodes = 43;
+
+struct MapCatalogTest : testing::Test {
+    MapCatalogTest() {
+        run.AppDir = "C:\\gh\\";
+        world.files.addFolder("C:\\gh");
+        catalog.loadStandardMaps();
+    }
+
+    void loadUserMaps(const std::string& content) {
+        world.files.put("C:\\gh\\usermaps.txt", content);
+        catalog.loadUserMaps();
+    }
+    int positionOf(const std::string& key) const {
+        for (int i = 1; i <= catalog.maptree.count(); ++i)
+            if (catalog.maptree.at(i).key == key) return i;
+        return 0;
+    }
+    const MapEntry& node(const std::string& key) const { return catalog.maptree.at(positionOf(key)); }
+    std::string usedKeys() const {
+        std::string keys;
+        for (int i = 1; i <= catalog.maptree.count(); ++i)
+            if (catalog.maptree.at(i).used) keys += catalog.maptree.at(i).key + " ";
+        return keys;
+    }
+    std::string content() const { return world.files.content("C:\\gh\\usermaps.txt"); }
+
+    fake::World world;
+    RunState run;
+    MapCatalog catalog{world.files, world.log, run};
+};
+
+TEST_F(MapCatalogTest, StandardMapsStandUnderTheirClasses) {
+    ASSERT_EQ(catalog.maptree.count(), kFixedNodes);
+    struct Case {
+        int position;
+        const char* key;
+        const char* parent;
+        const char* text;
+    };
+    const Case cases[] = {
+        {1, "STD", "", "Standard Maps"},
+        {2, "USER", "", "User Maps"},
+        {6, "CTF", "STD", "Capture The Flag"},
+        {7, "AA00", "FFA", "Q3DM1 Arena Gate"},
+        {26, "AB01", "1ON1", "Q3DM2 House Of Pain"},
+        {31, "AB19", "1ON1", "Q3TOURNEY5 Fatal Instinct"},
+        {32, "AC06", "TEAM", "Q3DM6 The Camping Grounds"},
+        {43, "AD28", "CTF", "Q3CTF4 Space CTF"},
+    };
+    for (const Case& one : cases) {
+        const MapEntry& entry = catalog.maptree.at(one.position);
+        EXPECT_EQ(entry.key, one.key);
+        EXPECT_EQ(entry.parent, one.parent);
+        EXPECT_EQ(entry.text, one.text);
+    }
+    EXPECT_EQ(node("AA10").description, "Hero 's Keep");
+    EXPECT_EQ(node("AA10").image, MapImage::FreeMap);
+    EXPECT_EQ(node("FFA").image, MapImage::ClosedGroup);
+    for (int i = 1; i <= kFixedNodes; ++i) EXPECT_FALSE(catalog.maptree.at(i).text.starts_with("Q3TOURNEY6"));
+}
+
+TEST_F(MapCatalogTest, ReadsUserMapsLineByLine) {
+    world.log.lines.clear();
+    loadUserMaps("// format\r\nFoo A Map\r\nQ3DM99\r\n\r\nbar  two\r\n nameless\r\nlast ");
+    EXPECT_EQ(world.log.lines,
+              (std::vector<std::string>{"Opening usermaps.txt", "File opened OK", "->parsed Foo OK",
+                                        "Couldn't parse map line:Q3DM99", "Couldn't parse map line:", "->parsed bar OK",
+                                        "->parsed  OK", "->parsed last OK", "4 Maps parsed OK"}));
+    EXPECT_EQ(node("AE29").text, "Foo A Map");
+    EXPECT_EQ(node("AE29").parent, "USER");
+    EXPECT_EQ(node("AE30").description, " two");
+    EXPECT_EQ(node("AE31").text, " nameless");
+    EXPECT_EQ(node("AE32").text, "last ");
+}
+
+TEST_F(MapCatalogTest, KeysGrowBeyondTwoDigitsAndAreNeverGivenTwice) {
+    std::string lines;
+    for (int i = 0; i < 72; ++i) lines += "map" + std::to_string(i) + " x\r\n";
+    loadUserMaps(lines);
+    EXPECT_EQ(node("AE100").text, "map71 x");
+    catalog.maptree.remove(positionOf("AE100"));
+    EXPECT_EQ(catalog.maptree.at(catalog.addUserMap("NEW", "Map")).key, "AE101");
+}
+
+TEST_F(MapCatalogTest, UserMapsComeBackAsTheyWere) {
+    const std::string name = fake::highBytes();
+    loadUserMaps("# " + name + "\r\n" + name + " d\r\nmixedCase  two blanks \r\nbroken\r\n");
+    catalog.saveUserMaps();
+    const std::string saved = content();
+    EXPECT_TRUE(saved.ends_with("//\r\n# " + name + "\r\n" + name + " d\r\nmixedCase  two blanks \r\n"));
+    EXPECT_EQ(splitLines(saved).size(), 14u + 3u);
+    EXPECT_EQ(world.log.lines.back(), "3 maps written OK");
+    catalog.loadStandardMaps();
+    catalog.loadUserMaps();
+    catalog.saveUserMaps();
+    EXPECT_EQ(content(), saved);
+}
+
+TEST_F(MapCatalogTest, FilesThatCantBeOpenedCostALogLine) {
+    catalog.loadUserMaps();
+    EXPECT_EQ(world.log.lines.back(), "Couldn't open usermaps.txt");
+    EXPECT_EQ(catalog.maptree.count(), kFixedNodes);
+    world.files.denied.insert("c:\\gh\\usermaps.txt");
+    catalog.saveUserMaps();
+    EXPECT_EQ(world.log.lines.back(), "Couldn't write to usermaps.txt");
+}
+
+TEST_F(MapCatalogTest, MarksEveryNodeOfAMapInTheRotation) {
+    loadUserMaps("foo  A Map \r\n bare\r\n");
+    struct Case {
+        RotationRow row;
+        std::string keys;
+    };
+    const Case cases[] = {
+        {{"001", "Q3DM6", "the camping grounds"}, "AA06 AC06 "},
+        {{"001", "q3dm6 ", "The Camping Grounds"}, "AA06 AC06 "},  // with the blank that ended the name
+        {{"001", "FOO", " A Map"}, "AE29 "},
+        {{"001", "FOO", "A Map"}, ""},
+        {{"001", "Q3DM6", "The Camping Grounds "}, ""},
+        {{"001", "BARE", ""}, ""},
+        {{"001", "FREE", "For All"}, "FFA "},  // a group is a node like any other
+    };
+    for (const Case& one : cases) {
+        catalog.unmarkAll();
+        Rotation rotation;
+        rotation.append(one.row);
+        rotation.append({"002", "UNKNOWN", "Map"});
+        catalog.markRotation(rotation);
+        EXPECT_EQ(usedKeys(), one.keys) << one.row.name;
+    }
+    EXPECT_EQ(node("FFA").image, MapImage::UsedMap);
+    catalog.unmarkAll();
+    EXPECT_EQ(usedKeys(), "");
+    EXPECT_EQ(node("AA06").image, MapImage::FreeMap);
+    EXPECT_EQ(node("FFA").image, MapImage::ClosedGroup);
+}
+
+TEST_F(MapCatalogTest, MarksALongRotationQuickly) {
+    std::string lines;
+    Rotation rotation;
+    for (int i = 0; i < 30000; ++i) {
+        lines += "map" + std::to_string(i) + " x\r\n";
+        rotation.append({"001", "MAP" + std::to_string(i), "X"});
+    }
+    loadUserMaps(lines);
+    const auto start = std::chrono::steady_clock::now();
+    catalog.markRotation(rotation);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_TRUE(node("AE29").used);
+    EXPECT_TRUE(catalog.maptree.at(catalog.maptree.count()).used);
+}
+
+TEST_F(MapCatalogTest, TakesAnyGarbage) {
+    const std::string_view pieces[] = {" ", "//", "Q3DM1", "\\", "\t", "  "};
+    for (unsigned seed = 1; seed <= 100; ++seed) {
+        catalog.loadStandardMaps();
+        loadUserMaps(fake::garbage(seed, pieces));
+        const int nodes = catalog.maptree.count();
+        catalog.saveUserMaps();
+        catalog.loadStandardMaps();
+        catalog.loadUserMaps();
+        EXPECT_EQ(catalog.maptree.count(), nodes) << seed;
+    }
+}
+
+}  // namespace
+}  // namespace gatehouse

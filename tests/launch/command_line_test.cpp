@@ -1,0 +1,80 @@
+#include "launch/command_line.h"
+
+#include "launch/batch_file.h"
+#include "launch_fixture.h"
+
+namespace gatehouse {
+namespace {
+
+class CommandLineTest : public LaunchFixture {
+protected:
+    CommandLineTest() {
+        chooseMod("Base", "baseq3");
+        doc.q3hunksize.setText("56");
+        doc.q3serverip.setText("");
+        doc.q3serverport.setText("27960");
+    }
+    CommandLine line{run, doc, mods, world.log};
+};
+
+TEST_F(CommandLineTest, ServerOptionsDependOnModeAndFields) {
+    const std::string tail = " +set net_port 27960 +set fs_game baseq3 +exec gatehouse.cfg";
+    struct Case {
+        Mode mode;
+        std::int16_t langame;
+        const char* ip;
+        std::string expected;
+    };
+    const Case cases[] = {
+        {kDedicated, 0, "", "quake3.exe  +set dedicated 2 +set com_hunkmegs 56" + tail},
+        {kDedicated, 1, "", "quake3.exe  +set dedicated 1 +set com_hunkmegs 56" + tail},
+        {kListen, 1, "   ", "quake3.exe  +set com_hunkmegs 56" + tail},
+        {kListen, 0, " 192.0.2.1 ", "quake3.exe  +set com_hunkmegs 56 +set net_ip  192.0.2.1 " + tail},
+    };
+    for (const Case& one : cases) {
+        run.CurrentMode.set(one.mode);
+        doc.q3langame.setValue(one.langame);
+        doc.q3serverip.setText(one.ip);
+        line.begin("  ");
+        line.BuildServerCommandLine();
+        EXPECT_EQ(run.LaunchCommand, one.expected);
+        EXPECT_EQ(world.log.lines.back(), "--> cmdline = " + one.expected);
+    }
+}
+
+TEST(BatchFile, AGameFolderWithoutADriveFails) { EXPECT_THROW(batchFileLines("", "baseq3", ""), RuntimeFailure); }
+
+TEST(FindComspec, TakesTheEnvironmentOrThePlatformsOwn) {
+    struct Case {
+        int platform;
+        std::vector<std::string> environment;
+        std::string comspec;
+        std::vector<std::string> log;
+    };
+    const Case cases[] = {
+        {2, {"A=1", "comspec=", "COMSPEC=x"}, "", {"OS is Windows NT", "Getting COMSPEC", "Found comspec = "}},
+        {2,
+         {"XCOMSPEC=no", "COMSPECS=no", "", "COMSPEC=behind the end"},
+         "c:\\winnt\\system32\\cmd.exe",
+         {"OS is Windows NT", "Getting COMSPEC", "Could not find comspec. Defaulting to c:\\winnt\\system32\\cmd.exe"}},
+        {1,
+         {},
+         "c:\\command.com",
+         {"OS is Win95/98", "Getting COMSPEC", "Could not find comspec. Defaulting to c:\\command.com"}},
+        {0,
+         {},
+         "c:\\command.com",
+         {"!Problem getting OS version. Assuming Win95/98", "Getting COMSPEC",
+          "Could not find comspec. Defaulting to c:\\command.com"}},
+    };
+    for (const Case& one : cases) {
+        fake::World world;
+        world.processes.platformId = one.platform;
+        world.processes.variables = one.environment;
+        EXPECT_EQ(findComspec(world.processes, world.log), one.comspec);
+        EXPECT_EQ(world.log.lines, one.log);
+    }
+}
+
+}  // namespace
+}  // namespace gatehouse

@@ -1,0 +1,255 @@
+#include "launch/run_command.h"
+
+#include "launch_fixture.h"
+
+namespace gatehouse {
+namespace {
+
+constexpr const char* kMade = "CFG & BAT files have been created to run the current configuration.\r\n";
+constexpr const char* kError = "An error occurred when trying to run the game. Check the error log.";
+
+class RunCommandTest : public LaunchFixture {
+protected:
+    RunCommandTest() {
+        world.processes.variables = {"PATH=C:\\bin", "ComSpec=C:\\win\\cmd.exe"};
+        q3runoptions.setIndex(0);
+    }
+
+    void connectTo(const std::string& address) {
+        ServerEntry entry;
+        entry.Address = address;
+        iplist.setCurrent(iplist.append(entry));
+    }
+    /// A run that needs nothing but a server to connect to.
+    void prepareConnect() {
+        chooseMod("Quake 3: Arena", "baseq3");
+        run.CurrentMode.set(kConnect);
+        connectTo("192.0.2.7:27960");
+    }
+
+    std::string cfg() const { return world.files.content(folder() + "gatehouse.cfg"); }
+    std::string bat() const { return world.files.content(folder() + "gatehouse.bat"); }
+    std::string ghaliases() const { return world.files.content(run.GameDir + "baseq3\\ghaliases.cfg"); }
+    std::string folder() const { return run.GameDir + mods.current().dir + "\\"; }
+
+    FieldGroup options{"options"};
+    ListField q3runoptions{options, {.name = "q3runoptions"}, {"launch", "ask", "files", "fourth"}};
+    TextField extracmdline{options, {.name = "extracmdline"}};
+    ServerTable iplist;
+    int benchmarks = 0;
+    RunCommand command{{world.files, world.processes, world.dialogs, world.log, run, doc, mods, iplist, q3runoptions,
+                        extracmdline, gameConfig, [this] { ++benchmarks; }}};
+};
+
+TEST_F(RunCommandTest, ConnectMatchesTheGoldenFiles) {
+    world.files.put("C:\\gh\\aliases.txt",
+                    "Scripts. Text out here is a comment.\r\n#def \"Zoom Toggle\"\r\n#key \"in\"\r\n#key \"out\"\r\n"
+                    "// works in any arena\r\nset zin \"cg_fov 20\"\r\nbind #01 vstr zin\r\n"
+                    "BIND   #02 \"say 50% off\" // twice #02\r\n#end\r\n\r\n#def \"Half Bound\"\r\n#key \"a\"\r\n"
+                    "#key \"b\"\r\nbind #01 kill\r\n#end\r\n#def \"Last One\"\r\n#key \"go\"\r\n"
+                    "bind #01 +attack \x80\r\necho no end here\r\n");
+    doc.bindlist.append({"Freeze Ray", "+freeze 50%\xff", "", "", BindingKind::Mod});
+    aliases.loadAliases();
+    for (const GameAction& action : gameActions()) setTag(std::string(action.text), std::string(action.defaultButton));
+    setTag("Run", "NOTHING");
+    setTag("Freeze Ray", "leftctrl");
+    setTag("Zoom Toggle in", "mwheelup");
+    setTag("Zoom Toggle out", "MOUSE3");
+    setTag("Half Bound a", "k0");
+    setTag("Last One go", "n5");
+    prepareConnect();
+    connectTo("198.51.100.1:1");
+    iplist.setCurrent(1);
+    extracmdline.setText("  +set vm_game 0 ");
+
+    command.mfilerun_Click();
+
+    EXPECT_EQ(cfg(), golden("connect/gatehouse.cfg"));
+    EXPECT_EQ(bat(), golden("connect/gatehouse.bat"));
+    EXPECT_EQ(ghaliases(), golden("connect/ghaliases.cfg"));
+    const std::string stem = "C:\\Quake III Arena\\baseq3\\gatehouse";
+    const std::string start = "C:\\win\\cmd.exe /c \"" + stem + ".bat\"";
+    EXPECT_EQ(world.processes.started, std::vector<std::string>{start});
+    const std::vector<std::string> expected = {"Opening aliases.txt",
+                                               "File opened OK",
+                                               "19 lines parsed OK",
+                                               "Creating Launch Files",
+                                               "Creating cfg: " + stem + ".cfg",
+                                               "->Created OK.",
+                                               "->Wrote player CFG vars OK",
+                                               "->Wrote player bindings OK",
+                                               "config file closed.",
+                                               "Creating bat: " + stem + ".bat",
+                                               "->batch file created OK",
+                                               "->batch file contents written",
+                                               "->batch file closed",
+                                               "OS is Windows NT",
+                                               "Getting COMSPEC",
+                                               "Found comspec = C:\\win\\cmd.exe",
+                                               "Launching Quake 3 (" + start + ")"};
+    EXPECT_EQ(world.log.lines, expected);
+    EXPECT_FALSE(run.RunErrors);
+}
+
+TEST_F(RunCommandTest, ListenMatchesTheGoldenFiles) {
+    run.GameDir = "D:\\Games\\Q3\\";
+    world.files.addFolder("D:\\Games\\Q3\\arena");
+    world.files.addFolder("D:\\Games\\Q3\\baseq3");
+    chooseMod("Rocket \x80 Arena", "arena",
+              {modOption("checkbox", "ra_check", "TRUE", true, false),
+               modOption("textbox", "ra_text", " a \"b\" 50% \xff", true, true),
+               modOption("listbox", "ra_list", "2", false, true), modOption("number", "ra_number", "7", false, false),
+               modOption("checkbox", "ra_other", "yes", false, true)});
+    doc.q3gametype.setIndex(3);
+    doc.q3usepass.setValue(1);
+    doc.q3userconpass.setValue(0);
+    doc.q3cheats.setValue(1);
+    doc.maplist.append({"001", "q3dm1 ", "Arena Gate"});
+    doc.maplist.append({"002", "Q3TOURNEY2 ", ""});
+    doc.q3botlist.append({"Sarge", "3", "Red"});
+    doc.q3botlist.append({"Xaero", "", ""});
+    doc.q3botlist.append({"Bones", "5", "None"});
+    host.model = "Sarge";
+    doc.q3sexfemale.setValue(0);
+    doc.invertmouse.setValue(0);
+    doc.q3brass.setValue(0);
+    doc.q3trilinear.setValue(1);
+    doc.q3soundquality.setValue(1);
+    doc.q3brightness.setPosition(50);
+    doc.q3musicvol.setPosition(0);
+    doc.q3effectsvol.setPosition(50);
+    doc.q3texquality.setIndex(0);
+    doc.q3colordepth.setIndex(-1);
+    doc.q3lighting.setIndex(0);
+    doc.q3geometry.setIndex(0);
+    run.CurrentMode.set(kListen);
+
+    command.mfilerun_Click();
+
+    EXPECT_EQ(cfg(), golden("listen/gatehouse.cfg"));
+    EXPECT_EQ(bat(), golden("listen/gatehouse.bat"));
+    EXPECT_EQ(ghaliases(), golden("listen/ghaliases.cfg"));
+    EXPECT_EQ(world.processes.started.size(), 1u);
+}
+
+TEST_F(RunCommandTest, DedicatedMatchesTheGoldenFiles) {
+    run.GameDir = "C:\\";
+    world.files.addFolder("C:\\freeze");
+    chooseMod("Freeze", "freeze", {modOption("textbox", "fz", "1", false, true)});
+    doc.q3gametype.setIndex(2);
+    doc.q3langame.setValue(1);
+    doc.q3serverip.setText("  ");
+    doc.q3usepass.setValue(0);
+    doc.q3userconpass.setValue(1);
+    doc.q3cheats.setValue(1);
+    doc.maplist.append({"001", "q3ctf1", ""});
+    doc.q3randbots.setValue(1);
+    doc.q3randnum.setText(" 5 ");
+    extracmdline.setText("+set sv_fps 30");
+    run.CurrentMode.set(kDedicated);
+
+    command.mfilerun_Click();
+
+    EXPECT_EQ(cfg(), golden("dedicated/gatehouse.cfg"));
+    EXPECT_EQ(bat(), golden("dedicated/gatehouse.bat"));
+    EXPECT_EQ(ghaliases(), "<missing>");
+}
+
+TEST_F(RunCommandTest, BenchmarkModeMakesNoFiles) {
+    run.CurrentMode.set(kBenchmark);
+    command.mfilerun_Click();
+    EXPECT_EQ(benchmarks, 1);
+    EXPECT_TRUE(world.log.lines.empty());
+}
+
+TEST_F(RunCommandTest, TheOptionDecidesWhetherTheGameStarts) {
+    prepareConnect();
+    struct Case {
+        int option;
+        std::optional<Answer> answer;
+        const char* text;
+        Icon icon;
+        bool starts;
+    };
+    const Case cases[] = {
+        {0, {}, "", Icon::None, true},
+        {1, Answer::Yes, "Do you want to launch Quake 3: Arena with these settings?", Icon::Question, true},
+        {1, Answer::No, "Do you want to launch Quake 3: Arena with these settings?", Icon::Question, false},
+        {2, Answer::Ok, "Quake 3: Arena will not be launched.", Icon::Information, false},
+        {3, {}, "", Icon::None, false},
+        {-1, {}, "", Icon::None, false},
+    };
+    for (const Case& one : cases) {
+        world.processes.started.clear();
+        world.dialogs.shown.clear();
+        q3runoptions.setIndex(one.option);
+        if (one.answer) world.dialogs.answer("Run", *one.answer);
+        command.mfilerun_Click();
+        EXPECT_EQ(world.processes.started.size(), one.starts ? 1u : 0u) << one.option;
+        EXPECT_NE(bat().find("+connect 192.0.2.7:27960\r\n"), std::string::npos);
+        ASSERT_EQ(world.dialogs.shown.size(), one.answer ? 1u : 0u);
+        if (!one.answer) continue;
+        const MessageBox& box = world.dialogs.shown.front();
+        EXPECT_EQ(box.text, std::string(kMade) + one.text);
+        EXPECT_EQ(box.icon, one.icon);
+        EXPECT_EQ(box.safeAnswer, one.option == 1 ? Answer::No : Answer::Ok);
+    }
+}
+
+TEST_F(RunCommandTest, EveryFailureEndsTheCommandWithOneBox) {
+    prepareConnect();
+    const std::string stem = "C:\\Quake III Arena\\baseq3\\gatehouse";
+    struct Case {
+        const char* what;
+        std::function<void()> breakIt;
+        std::function<void()> mendIt;
+        std::string logged;
+    };
+    const Case cases[] = {
+        {"config file", [&] { world.files.denied = {lower(stem + ".cfg")}; }, [&] { world.files.denied.clear(); },
+         "!->Could not create " + stem + ".cfg"},
+        {"batch file", [&] { world.files.denied = {lower(stem + ".bat")}; }, [&] { world.files.denied.clear(); },
+         "!->Could not create " + stem + ".bat"},
+        {"start", [&] { world.processes.failToStart = true; }, [&] { world.processes.failToStart = false; },
+         "->Could not shell to C:\\win\\cmd.exe /c \"" + stem + ".bat\""},
+        {"disk full", [&] { world.files.failAtChange = 20; }, [&] { world.files.failAtChange = 0; },
+         "!No space left: " + stem + ".cfg"},
+        {"no server", [&] { iplist.clear(); }, [&] { connectTo("192.0.2.7:27960"); },
+         "!Object variable not set: no server is selected"},
+        {"no aliases", [&] { world.files.denied = {"c:\\gh\\aliases.txt"}; }, [&] { world.files.denied.clear(); },
+         "!File not found: C:\\gh\\aliases.txt"},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.what);
+        world.log.lines.clear();
+        world.dialogs.shown.clear();
+        world.processes.started.clear();
+        run.RunErrors = false;
+        one.breakIt();
+        world.dialogs.answer("Error", Answer::Ok);
+        command.mfilerun_Click();
+        ASSERT_EQ(world.dialogs.shown.size(), 1u);
+        EXPECT_EQ(world.dialogs.shown.front().text, kError);
+        EXPECT_EQ(world.dialogs.shown.front().icon, Icon::Stop);
+        EXPECT_TRUE(world.log.has(one.logged)) << testing::PrintToString(world.log.lines);
+        EXPECT_TRUE(world.processes.started.empty());
+        EXPECT_TRUE(run.RunErrors);
+
+        one.mendIt();
+        command.mfilerun_Click();
+        EXPECT_EQ(world.processes.started.size(), 1u);
+    }
+}
+
+TEST_F(RunCommandTest, WhatWasWrittenBeforeAFailureStays) {
+    prepareConnect();
+    iplist.clear();
+    world.files.put("C:\\Quake III Arena\\baseq3\\gatehouse.bat", "of an earlier run");
+    world.dialogs.answer("Error", Answer::Ok);
+    command.mfilerun_Click();
+    EXPECT_TRUE(cfg().ends_with("exec ghaliases.cfg\r\n\r\n"));
+    EXPECT_EQ(bat(), "of an earlier run");
+}
+
+}  // namespace
+}  // namespace gatehouse

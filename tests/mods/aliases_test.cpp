@@ -1,0 +1,137 @@
+#include "mods/aliases.h"
+
+#include "base/runtime_failure.h"
+#include "support/core/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace gatehouse {
+namespace {
+
+class AliasTest : public testing::Test {
+protected:
+    AliasTest() {
+        run.AppDir = "C:\\gh\\";
+        run.GameDir = "C:\\q3\\";
+        world.files.addFolder("C:\\q3\\baseq3");
+    }
+
+    void put(const std::vector<std::string>& lines) { world.files.put("C:\\gh\\aliases.txt", fake::crlf(lines)); }
+    /// Binds rows to buttons, in the order of the list.
+    void bind(const std::vector<std::string>& tags) {
+        for (std::size_t i = 0; i < tags.size(); ++i)
+            bindlist.update(static_cast<int>(i + 1), [&](KeyBinding& row) { row.tag = tags[i]; });
+    }
+    void write() {
+        const auto stream = world.files.createText("C:\\q3\\out.cfg");
+        aliases.WriteAliases(*stream);
+    }
+    /// What reaches the game for a file whose keys are bound in order.
+    std::string written(const std::vector<std::string>& lines, const std::vector<std::string>& tags) {
+        put(lines);
+        bindlist.clear();
+        aliases.loadAliases();
+        bind(tags);
+        write();
+        return world.files.content("C:\\q3\\baseq3\\ghaliases.cfg");
+    }
+    std::vector<std::string> rows() const {
+        std::vector<std::string> result;
+        for (int i = 1; i <= bindlist.count(); ++i) result.push_back(bindlist.at(i).text + "|" + bindlist.at(i).key);
+        return result;
+    }
+
+    fake::World world;
+    RunState run;
+    BindingTable bindlist;
+    AliasBook aliases{world.files, world.log, run, bindlist};
+};
+
+TEST_F(AliasTest, KeysBecomeRowsWhoseBlocksCountPasses) {
+    put({"#key \"stray\"", "#def \"One\"", "#key \"a\"", "  #key \"b\" and a remark", "echo", "echo", "#end",
+         "#def \"Two\"", "#key \"vote\"", "#end", "#KEY \"not a key to the reader\"", "#Def \"nor a block\"",
+         "#key \"c\"", "#def \"Three\"", "echo", "#key \"behind the script\""});
+    aliases.loadAliases();
+    EXPECT_EQ(rows(), (std::vector<std::string>{"One a|alias21", "One b|alias22", "Two vote|alias41"}));
+    EXPECT_EQ(bindlist.at(1).label, "Unbound");
+    EXPECT_EQ(bindlist.at(1).tag, "NOTHING");
+    EXPECT_EQ(bindlist.at(1).kind, BindingKind::Alias);
+    EXPECT_EQ(world.log.lines,
+              (std::vector<std::string>{"Opening aliases.txt", "File opened OK", "16 lines parsed OK"}));
+}
+
+TEST_F(AliasTest, AMissingFileIsLoggedAtStartAndFailsTheWriting) {
+    aliases.loadAliases();
+    EXPECT_EQ(world.log.lines, (std::vector<std::string>{"Opening aliases.txt", "Couldn't open aliases.txt"}));
+    EXPECT_THROW(write(), RuntimeFailure);
+}
+
+TEST_F(AliasTest, MissingQuotesFail) {
+    for (const auto& lines : std::vector<std::vector<std::string>>{
+             {"#def \"One\"", "#key \"a", "#end"}, {"#def \"One\"", "#key a", "#end"}, {"#def One", "#end"}}) {
+        put(lines);
+        EXPECT_THROW(aliases.loadAliases(), RuntimeFailure) << lines[0] << lines[1];
+        EXPECT_THROW(write(), RuntimeFailure) << lines[0] << lines[1];
+    }
+}
+
+TEST_F(AliasTest, PlaceholdersTakeTheChosenKeys) {
+    const std::vector<std::string> head = {"#def \"A\"", "#key \"x\"", "#key \"y\""};
+    const std::pair<const char*, const char*> cases[] = {
+        {"bind #02 +attack", "bind mouse1 +attack"},
+        {"BIND #01 +attack", "BIND kp_end +attack"},
+        {"bindlist #01", "bindlist kp_end "},
+        {"bind #03 gone", "bind  gone"},
+        {"bind #00 gone", "bind  gone"},
+        {"bind #", "bind  "},
+        {"bind #1 +attack", "bind kp_end attack"},
+        {" bind #02 indented", " bind #02 indented"},
+        {"set k \"bind #02\"", "set k \"bind #02\""},
+        {"", ""},
+    };
+    for (const auto& [script, expected] : cases) {
+        auto lines = head;
+        lines.insert(lines.end(), {script, "#End of it"});
+        EXPECT_EQ(written(lines, {"n1", "mouse1"}), fake::crlf({"", "// Alias: A", "", expected}));
+    }
+    for (const char* script : {"bind mouse1 kill", "bind #-1 kill"}) {
+        auto lines = head;
+        lines.push_back(script);
+        EXPECT_THROW(written(lines, {"n1", "mouse1"}), RuntimeFailure) << script;
+    }
+}
+
+TEST_F(AliasTest, OnlyScriptsWithAllKeysAreWritten) {
+    const std::vector<std::string> lines = {"remark", "#def \"A\"", "#key \"x\"", "#key \"y\"", "bind #01 a", "#end",
+                                            "remark", "#def \"B\"", "#key \"x\"", "bind #01 b", "#end",       "remark"};
+    EXPECT_EQ(written(lines, {"ka", " NOTHING ", "kb"}), fake::crlf({"", "// Alias: B", "", "bind b b"}));
+    EXPECT_EQ(written(lines, {"NOTHING", "NOTHING", "NOTHING"}), "");
+    EXPECT_EQ(world.files.content("C:\\q3\\out.cfg"), fake::crlf({"", "// Aliases", "", "exec ghaliases.cfg", ""}));
+    EXPECT_THROW(written(lines, {"ka", "no such button", "kb"}), RuntimeFailure);
+}
+
+TEST_F(AliasTest, TheWriterTakesKeywordsInAnyCase) {
+    bindlist.append({"Loud k", "", "", "kq", BindingKind::Alias});
+    put({"#DEF \"Loud\"", "#Key \"k\"", "Bind #01 shout", "#END", "#def \"No keys at the end\""});
+    write();
+    EXPECT_EQ(world.files.content("C:\\q3\\baseq3\\ghaliases.cfg"),
+              fake::crlf({"", "// Alias: Loud", "", "Bind q shout"}));
+}
+
+TEST_F(AliasTest, AKeyWithoutARowFailsTheWriting) {
+    put({"#def \"A\"", "#key \"x\"", "#end"});
+    EXPECT_THROW(write(), RuntimeFailure);
+}
+
+TEST_F(AliasTest, AScriptHoldsNinetyNineKeys) {
+    std::vector<std::string> lines = {"#def \"A\""};
+    for (int i = 1; i <= 99; ++i) lines.push_back("#key \"" + std::to_string(i) + "\"");
+    lines.insert(lines.end(), {"bind #99 last", "#end"});
+    const std::vector<std::string> tags(99, "kz");
+    EXPECT_EQ(written(lines, tags), fake::crlf({"", "// Alias: A", "", "bind z last"}));
+    lines.insert(lines.begin() + 1, "#key \"one more\"");
+    EXPECT_THROW(written(lines, tags), RuntimeFailure);
+}
+
+}  // namespace
+}  // namespace gatehouse

@@ -1,0 +1,118 @@
+#include "mods/mod_discovery.h"
+
+#include "support/core/fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace gatehouse {
+namespace {
+
+struct ModDiscoveryTest : testing::Test {
+    ModDiscoveryTest() {
+        run.AppDir = "C:\\gh\\";
+        run.GameDir = "C:\\q3\\";
+        world.files.addFolder("C:\\gh\\mods");
+        world.files.addFolder("C:\\q3\\baseq3");
+    }
+
+    void putArchive(const std::string& path, std::vector<std::string> entries) {
+        world.files.put(path, "");
+        world.archives.entries[lower(path)] = std::move(entries);
+    }
+    /// Names and folders of all mods, in order.
+    std::string found() {
+        discovery.scanForMods();
+        std::string text;
+        for (int i = 1; i <= mods.modCount(); ++i) text += mods.at(i).name + "=" + mods.at(i).dir + " ";
+        return text;
+    }
+
+    fake::World world;
+    RunState run;
+    OptionStore store{world.settings, world.log};
+    ModTable mods;
+    ModDiscovery discovery{world.files, world.archives, world.log, world.events, store, run, mods};
+};
+
+TEST_F(ModDiscoveryTest, DefinitionFilesComeFirstAndWinOverTheirFolders) {
+    world.files.put("C:\\gh\\mods\\a.ghm", "name First\r\ndir OSP\r\n");
+    world.files.put("C:\\gh\\mods\\b.ghm", "name Second\r\ndir osp\r\n");
+    world.files.put("C:\\gh\\mods\\bad.ghm", "name Bad\r\ndir ctf\r\ncheckbox\r\n");
+    world.files.put("C:\\gh\\mods\\c.GHM", "name Wrong case\r\n");
+    world.files.put("C:\\gh\\mods\\d.txt", "name Wrong end\r\n");
+    putArchive("C:\\q3\\Osp\\osp.PK3", {"vm/qagame.qvm"});
+    putArchive("C:\\q3\\ctf\\ctf.pk3", {"textures/x.tga", "VM/QAGame.QVM"});
+    putArchive("C:\\q3\\ctf\\more.pk3", {"vm/qagame.qvm"});
+    EXPECT_EQ(found(), "First=OSP Second=osp ctf=ctf ");
+    EXPECT_EQ(mods.at(3).gtype, (std::array<std::string, 10>{}));
+    EXPECT_EQ(world.log.lines,
+              (std::vector<std::string>{"scanning for mods", "Found mod: First", "Found mod: Second",
+                                        "scanning ctf.pk3", "scanning more.pk3", "scanning osp.PK3", "found 3 mods."}));
+    EXPECT_EQ(world.events.yields, 2);
+    EXPECT_FALSE(discovery.q3getmods.busy.get());
+}
+
+TEST_F(ModDiscoveryTest, LooseGameCodeOffersTheUsualGameTypes) {
+    world.files.put("C:\\q3\\loose\\vm\\a.txt", "");
+    world.files.put("C:\\q3\\loose\\vm\\QAGAME.qvm", "");
+    world.files.put("C:\\q3\\top\\qagame.qvm", "");          // not in a sub-folder
+    world.files.put("C:\\q3\\deep\\vm\\x\\qagame.qvm", "");  // too deep
+    EXPECT_EQ(found(), "loose=loose ");
+    EXPECT_EQ(mods.at(1).gtype, (std::array<std::string, 10>{"Free For All", "Tournament", "", "Team DM", "CTF"}));
+    EXPECT_TRUE(world.log.has("scanning folder loose\\vm"));
+    EXPECT_TRUE(world.log.has("Found mod: loose"));
+    EXPECT_EQ(discovery.q3getmods.modlabel.get(), "Scanning folder loose\\vm");
+    EXPECT_EQ(discovery.q3getmods.modprog.get(), 2);
+    EXPECT_EQ(discovery.q3getmods.modprogMax.get(), 2);
+}
+
+TEST_F(ModDiscoveryTest, AModInArchiveAndFolderIsFoundOnce) {
+    putArchive("C:\\q3\\both\\code.pk3", {"vm/qagame.qvm"});
+    world.files.put("C:\\q3\\both\\vm\\qagame.qvm", "");
+    EXPECT_EQ(found(), "both=both ");
+    EXPECT_FALSE(world.log.has("Found mod: both"));
+}
+
+TEST_F(ModDiscoveryTest, PassesOverTheGamesOwnArchiveAndDamagedOnes) {
+    putArchive("C:\\q3\\baseq3\\PAK0.pk3", {"vm/qagame.qvm"});
+    world.files.put("C:\\q3\\bad\\broken.pk3", "no archive");
+    EXPECT_EQ(found(), "");
+    EXPECT_EQ(world.log.lines,
+              (std::vector<std::string>{"scanning for mods", "scanning broken.pk3",
+                                        "!couldn't read archive C:\\q3\\bad\\broken.pk3", "found 0 mods."}));
+}
+
+TEST_F(ModDiscoveryTest, HostileArchivesAreOnlyLookedAt) {
+    std::vector<std::string> entries = {"", "..\\..\\qagame.qv", "/etc/qagame.qvm.", std::string(100000, 'q'),
+                                        "\x80\xff"};
+    for (int i = 0; i < 200000; ++i) entries.push_back("../../maps/qagame.qv/" + std::to_string(i) + ".qagame");
+    putArchive("C:\\q3\\evil\\evil.pk3", entries);
+    int labels = 0;
+    discovery.q3getmods.modlabel.changed.connect([&labels] { ++labels; });
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(found(), "evil=evil ");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    EXPECT_EQ(labels, 1);
+    EXPECT_LE(discovery.q3getmods.modprog.get(), discovery.q3getmods.modprogMax.get());
+    EXPECT_EQ(world.files.paths(), (std::vector<std::string>{"C:\\q3\\evil\\evil.pk3"}));
+}
+
+TEST_F(ModDiscoveryTest, RecoversABlankGameFolderFromTheOption) {
+    run.GameDir = " ";
+    store.setOption("exepath", " C:\\q3\\quake3.exe ");
+    putArchive("C:\\q3\\osp\\osp.pk3", {"vm/qagame.qvm"});
+    EXPECT_EQ(found(), "osp=osp ");
+    EXPECT_EQ(run.GameDir, "C:\\q3\\");
+}
+
+TEST_F(ModDiscoveryTest, AGameThatIsGoneIsAFailure) {
+    run.GameDir = "C:\\gone\\";
+    EXPECT_THROW(discovery.scanForMods(), FileFailure);
+    run.GameDir = "";
+    EXPECT_THROW(discovery.scanForMods(), RuntimeFailure);
+}
+
+}  // namespace
+}  // namespace gatehouse

@@ -1,0 +1,152 @@
+#include "mods/mod_file.h"
+
+#include "support/core/fakes.h"
+#include "support/core/garbage.h"
+
+#include <gtest/gtest.h>
+
+namespace gatehouse {
+namespace {
+
+const std::string kPath = "C:\\gh\\mods\\x.ghm";
+
+/// The entry of a file with these lines; nothing if the file is rejected.
+std::optional<ModEntry> parse(const std::string& content) {
+    fake::MemoryFiles files;
+    files.put(kPath, content);
+    ModEntry entry;
+    if (!parseModFile(files, kPath, entry)) return std::nullopt;
+    return entry;
+}
+
+TEST(ModFile, ReadsAllThatAMultiplayerModDeclares) {
+    const auto mod = parse(
+        "// a mod\r\nNAME\tMy \t Mod \r\ndir  mymod\r\nauthor someone\r\nurl http://x/\r\nemail   \r\n"
+        "unknown keyword\r\n  name ignored\r\n\t\r\n\r\n"
+        "cvars 2 options\r\nkeys 1\r\ngtype 3 Team Play\r\n"
+        "listbox g_mode\r\ntext Mode\r\nvalue 1\r\nlistitems a|b c||\r\nlistdata \r\nserver TRUE\r\nclient 0\r\n"
+        "Number g_size\r\nmin -5\r\nmax 70000\r\nincrement 2.5\r\nclient -1\r\ndestination cfg\r\n"
+        "key Hook\r\ncmd +hook\r\n");
+    ASSERT_TRUE(mod);
+    EXPECT_EQ(mod->name, "My \t Mod ");
+    EXPECT_EQ(mod->dir, "mymod");
+    EXPECT_EQ(mod->author, "someone");
+    EXPECT_EQ(mod->url, "http://x/");
+    EXPECT_EQ(mod->email, "");
+    EXPECT_EQ(mod->cvars, 2);
+    EXPECT_EQ(mod->gtype[3], "Team Play");
+    ASSERT_EQ(mod->options.size(), 2u);
+    const ModOption& list = mod->options[0];
+    EXPECT_EQ(list.type + "/" + list.name + "/" + list.text + "/" + list.value, "listbox/g_mode/Mode/1");
+    EXPECT_EQ(list.listitems, (std::vector<std::string>{"a", "b c", "", ""}));
+    EXPECT_EQ(list.listdata, (std::vector<std::string>{""}));
+    EXPECT_TRUE(list.server);
+    EXPECT_FALSE(list.client);
+    const ModOption& number = mod->options[1];
+    EXPECT_EQ(number.type, "number");
+    EXPECT_TRUE(number.client);
+    EXPECT_EQ(number.min, -5);
+    EXPECT_EQ(number.max, 70000);
+    EXPECT_EQ(number.increment, 2);
+    EXPECT_EQ(number.destination, "cfg");
+    ASSERT_EQ(mod->modKeys.size(), 1u);
+    EXPECT_EQ(mod->modKeys[0].key + "/" + mod->modKeys[0].cmd, "Hook/+hook");
+}
+
+TEST(ModFile, GameTypeTakesOneCharacterAndCutsTwo) {
+    struct Case {
+        const char* value;
+        std::size_t number;
+        const char* name;
+    };
+    const Case cases[] = {
+        {"3 Teamplay", 3, "Teamplay"}, {"12 x", 1, " x"}, {"A x", 0, "x"}, {"9x", 9, ""}, {"-1 x", 0, " x"},
+        {"0\tFFA", 0, "FFA"}};
+    for (const Case& one : cases) {
+        const auto mod = parse(std::string("gtype ") + one.value + "\r\n");
+        ASSERT_TRUE(mod) << one.value;
+        EXPECT_EQ(mod->gtype[one.number], one.name) << one.value;
+    }
+}
+
+TEST(ModFile, AFaultRejectsTheWholeFile) {
+    const char* const faults[] = {
+        "checkbox",  // nothing behind the keyword, known or not
+        "nonsense",
+        "listitems a|b",  // before any option
+        "text x",
+        "cmd x",  // before any key
+        "cvars 40000",
+        "gtype 3",  // too short to be cut
+        "gtype ",
+    };
+    for (const char* line : faults) EXPECT_FALSE(parse(std::string("name x\r\n") + line + "\r\nkey k\r\n")) << line;
+    const char* const optionFaults[] = {"min x", "max ", "increment 3000000000", "server maybe", "client "};
+    for (const char* line : optionFaults) EXPECT_FALSE(parse(std::string("checkbox c\r\n") + line)) << line;
+    EXPECT_TRUE(parse("checkbox \r\nname \r\n"));
+    EXPECT_TRUE(parse("cvars none\r\n"));
+}
+
+TEST(ModFile, AValueMustBeginWithinTheReachOfAPosition) {
+    EXPECT_TRUE(parse("name" + std::string(32762, ' ') + "x"));
+    EXPECT_FALSE(parse("name" + std::string(32763, ' ') + "x"));
+    EXPECT_FALSE(parse(std::string(40000, 'n')));
+    const auto mod = parse("name " + std::string(100000, 'x'));
+    ASSERT_TRUE(mod);
+    EXPECT_EQ(mod->name.size(), 100000u);
+}
+
+TEST(ModFile, AMissingFileIsABlankModAndADeniedOneIsNone) {
+    fake::MemoryFiles files;
+    ModEntry entry;
+    EXPECT_TRUE(parseModFile(files, kPath, entry));
+    EXPECT_EQ(entry.name, "");
+    files.put(kPath, "name x");
+    files.denied.insert("c:\\gh\\mods\\x.ghm");
+    EXPECT_FALSE(parseModFile(files, kPath, entry));
+}
+
+TEST(ModFile, ReachesOnlyWhatIsDeclaredAndThere) {
+    struct Case {
+        const char* declared;
+        std::size_t reached;
+    };
+    const Case cases[] = {{"cvars 0", 0}, {"cvars 1", 1}, {"cvars 2", 2}, {"cvars 30000", 2}, {"cvars -1", 0}};
+    for (const Case& one : cases) {
+        const auto mod = parse(std::string(one.declared) + "\r\ncheckbox a\r\ncheckbox b\r\n");
+        ASSERT_TRUE(mod);
+        ModTable mods;
+        mods.setCurrentMod(mods.add(*mod));
+        EXPECT_EQ(mods.variables().size(), one.reached) << one.declared;
+        mods.setVariable("B", "set");
+        EXPECT_EQ(mods.current().options[1].value, one.reached == 2 ? "set" : "") << one.declared;
+    }
+}
+
+TEST(ModFile, KeepsAllBytes) {
+    const std::string bytes = fake::highBytes();
+    const auto mod = parse("name " + bytes + "\r\ntextbox " + bytes + "\r\nlistitems " + bytes + "|\r\n");
+    ASSERT_TRUE(mod);
+    EXPECT_EQ(mod->name, bytes);
+    EXPECT_EQ(mod->options[0].listitems, (std::vector<std::string>{bytes, ""}));
+}
+
+TEST(ModFile, TakesAnyGarbage) {
+    const std::string_view pieces[] = {"\r\nname ",
+                                       "\r\ngtype 1 ",
+                                       "\r\ncheckbox ",
+                                       "\r\nmin 5\r\n",
+                                       "\r\nlistitems ",
+                                       "|",
+                                       "\r\nkey ",
+                                       "\r\ncmd ",
+                                       " ",
+                                       "\t"};
+    int accepted = 0;
+    for (unsigned seed = 1; seed <= 500; ++seed) accepted += parse(fake::garbage(seed, pieces, 12)).has_value();
+    EXPECT_GT(accepted, 0);
+    EXPECT_LT(accepted, 500);
+}
+
+}  // namespace
+}  // namespace gatehouse

@@ -1,0 +1,200 @@
+#include "platform/qt/zip_archives.h"
+
+#include "scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <zip.h>
+
+#include <stdexcept>
+#include <vector>
+
+namespace gatehouse {
+namespace {
+
+using testing::ScratchFolder;
+using Names = std::vector<std::string>;
+
+struct Entry {
+    std::string name;
+    std::string content = "x";
+};
+
+/// Makes an archive with these names as they stand, whatever they are.
+void makeArchive(const std::string& native, const std::vector<Entry>& entries) {
+    zip_t* archive = ::zip_open(native.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+    ASSERT_NE(archive, nullptr);
+    for (const Entry& entry : entries) {
+        zip_source_t* source = ::zip_source_buffer(archive, entry.content.data(), entry.content.size(), 0);
+        const zip_int64_t index = ::zip_file_add(archive, entry.name.c_str(), source, ZIP_FL_ENC_GUESS);
+        ASSERT_GE(index, 0) << entry.name;
+        // Packing very many short entries takes longer than all the rest of the tests.
+        if (entry.content.size() > 1) continue;
+        ASSERT_EQ(::zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), ZIP_CM_STORE, 0), 0);
+    }
+    ASSERT_EQ(::zip_close(archive), 0);
+}
+
+class ArchivesTest : public ::testing::Test {
+protected:
+    void make(const std::vector<Entry>& entries) { makeArchive(scratch.native("Pak.PK3"), entries); }
+    bool list() {
+        listed.clear();
+        return archives.list(scratch.path("pak.pk3"), [this](const std::string& name) { listed.push_back(name); });
+    }
+    bool extract(const std::string& entry) {
+        scratch.makeFolder("target");
+        return archives.extract(scratch.path("pak.pk3"), entry, scratch.path("target\\"));
+    }
+    /// Number of files and folders anywhere in the scratch folder.
+    long count() const {
+        using Walk = std::filesystem::recursive_directory_iterator;
+        return std::distance(Walk(scratch.native()), Walk());
+    }
+
+    ScratchFolder scratch;
+    ZipArchives archives;
+    Names listed;
+};
+
+TEST_F(ArchivesTest, ListsNamesAsStoredInTheirOrder) {
+    const std::string longest(4096, 'n');
+    make({{"vm/qagame.qvm"},
+          {"Maps/\xC4 b.bsp"},
+          {"..\\..\\x"},
+          {"/etc/x"},
+          {"maps/"},
+          {longest},
+          {longest + "n"},
+          {"a"}});
+    EXPECT_TRUE(list());
+    EXPECT_EQ(listed, (Names{"vm/qagame.qvm", "Maps/\xC4 b.bsp", "..\\..\\x", "/etc/x", "maps/", longest, "a"}));
+}
+
+TEST_F(ArchivesTest, FailureOfTheCallbackEndsTheListing) {
+    make({{"a"}, {"b"}});
+    EXPECT_THROW(archives.list(scratch.path("pak.pk3"), [](const std::string&) { throw std::out_of_range("full"); }),
+                 std::out_of_range);
+}
+
+TEST_F(ArchivesTest, ListsVeryManyEntries) {
+    std::vector<Entry> entries(200'000);
+    for (std::size_t i = 0; i < entries.size(); ++i) entries[i].name = "maps/entry" + std::to_string(i) + ".bsp";
+    make(entries);
+    EXPECT_TRUE(list());
+    ASSERT_EQ(listed.size(), entries.size());
+    EXPECT_EQ(listed.back(), entries.back().name);
+    EXPECT_TRUE(extract(entries.back().name));
+}
+
+TEST_F(ArchivesTest, DamagedArchivesListNothing) {
+    make({{"maps/a.bsp", std::string(5000, 'a')}, {"maps/b.bsp", "b"}});
+    const std::string whole = scratch.content("Pak.PK3");
+    std::string directory = whole;
+    directory.replace(directory.find("PK\1\2"), 4, "PK\1\3");
+    for (const std::string& damaged : {whole.substr(0, whole.size() - 30), whole.substr(0, 60), std::string("text"),
+                                       std::string(), std::string(3000, '\0'), directory}) {
+        scratch.put("Pak.PK3", damaged);
+        EXPECT_FALSE(list());
+        EXPECT_FALSE(extract("maps/b.bsp"));
+        EXPECT_EQ(listed, Names{});
+    }
+    std::filesystem::remove(scratch.native("Pak.PK3"));
+    EXPECT_FALSE(list());
+    scratch.makeFolder("Pak.PK3");
+    EXPECT_FALSE(list());
+}
+
+TEST_F(ArchivesTest, ExtractsBelowTheFolder) {
+    make({{"maps/Q3DM1.bsp", "map"},
+          {"maps\\back.bsp", "back"},
+          {"LevelShots//./x.jpg", "picture"},
+          {"top", ""},
+          {"maps/huge", std::string(3'000'000, 'h')}});
+    scratch.put("target/levelshots/X.JPG", "old");
+    for (const char* entry : {"maps/Q3DM1.bsp", "maps\\back.bsp", "LevelShots//./x.jpg", "top", "maps/huge"})
+        EXPECT_TRUE(extract(entry)) << entry;
+    EXPECT_EQ(scratch.content("target/maps/Q3DM1.bsp"), "map");
+    EXPECT_EQ(scratch.content("target/maps/back.bsp"), "back");
+    EXPECT_EQ(scratch.content("target/levelshots/X.JPG"), "picture");
+    EXPECT_EQ(scratch.content("target/top"), "");
+    EXPECT_TRUE(scratch.content("target/maps/huge") == std::string(3'000'000, 'h'));
+    scratch.put("target/maps/Q3DM1.bsp", "stale");
+    EXPECT_TRUE(extract("maps/q3dm1.BSP"));
+    EXPECT_EQ(scratch.content("target/maps/Q3DM1.bsp"), "map");
+    EXPECT_EQ(count(), 9);  // the archive, the target, its two folders and five files
+}
+
+TEST_F(ArchivesTest, NothingLandsOutside) {
+    const Names hostile{"../x",
+                        "..\\..\\x",
+                        "a/../../x",
+                        "maps/..\\..\\..\\x",
+                        "/x",
+                        "\\x",
+                        "//x",
+                        "C:\\x",
+                        "c:x",
+                        "maps/C:/x",
+                        "x:stream",
+                        "..",
+                        ".",
+                        "maps/",
+                        "maps\\",
+                        "linked/x",
+                        "maps/linked/x",
+                        "folder"};
+    std::vector<Entry> entries;
+    for (const auto& name : hostile) entries.push_back({name});
+    make(entries);
+    scratch.makeFolder("outside");
+    scratch.makeFolder("target/maps");
+    scratch.makeFolder("target/folder");
+    scratch.link(scratch.native("outside"), "target/linked");
+    scratch.link(scratch.native("outside"), "target/maps/linked");
+    const long before = count();
+    for (const auto& name : hostile) EXPECT_FALSE(extract(name)) << name;
+    EXPECT_FALSE(extract("missing"));
+    EXPECT_FALSE(archives.extract(scratch.path("pak.pk3"), "linked/x", scratch.path("none")));
+    EXPECT_EQ(count(), before);
+}
+
+TEST_F(ArchivesTest, LinkInTheFilesPlaceIsReplacedNotFollowed) {
+    make({{"x.jpg", "new"}});
+    scratch.put("outside", "kept");
+    scratch.makeFolder("target");
+    scratch.link(scratch.native("outside"), "target/x.jpg");
+    EXPECT_TRUE(extract("x.jpg"));
+    EXPECT_EQ(scratch.content("outside"), "kept");
+    EXPECT_EQ(scratch.content("target/x.jpg"), "new");
+}
+
+TEST_F(ArchivesTest, DamagedEntriesLeaveThePresentFileAlone) {
+    std::string noise;
+    for (unsigned i = 0, n = 1; i < 5000; ++i, n = n * 1103515245u + 12345u) noise += static_cast<char>(n >> 16);
+    make({{"x", noise}, {"bomb", std::string(100'000, '\0')}, {"good", "g"}});
+    const std::string whole = scratch.content("Pak.PK3");
+    scratch.put("target/x", "present");
+    const long before = count();
+
+    std::string flipped = whole;
+    flipped[2000] = static_cast<char>(flipped[2000] ^ 1);
+    scratch.put("Pak.PK3", flipped);
+    EXPECT_FALSE(extract("x"));
+    EXPECT_TRUE(list());
+
+    // Claims fewer bytes, and then more than may be, in its line of the directory: 24 bytes in, 22 bytes before the
+    // name.
+    for (const char claim : {'\1', '\x7F'}) {
+        std::string lying = whole;
+        const std::size_t size = lying.rfind("bomb") - 22;
+        lying.replace(size, 4, {claim, 0, 0, claim == '\1' ? '\0' : claim});
+        scratch.put("Pak.PK3", lying);
+        EXPECT_FALSE(extract("bomb"));
+    }
+    EXPECT_EQ(scratch.content("target/x"), "present");
+    EXPECT_EQ(count(), before);
+}
+
+}  // namespace
+}  // namespace gatehouse

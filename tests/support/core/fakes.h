@@ -1,0 +1,217 @@
+#pragma once
+
+#include "base/log.h"
+#include "base/text.h"
+#include "platform/archives.h"
+#include "platform/clipboard.h"
+#include "platform/clock.h"
+#include "platform/desktop_windows.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/processes.h"
+#include "platform/random.h"
+#include "platform/services.h"
+#include "platform/settings_store.h"
+#include "platform/udp_socket.h"
+#include "platform/viewers.h"
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace gatehouse::fake {
+
+/// Files in memory, found without regard to case. The n-th operation that changes something can be made to fail.
+class MemoryFiles : public Files {
+public:
+    /// Puts a file there, with its folders.
+    void put(const std::string& path, const std::string& content);
+    /// Content of a file; fails the test's expectation by returning "<missing>" when there is none.
+    std::string content(const std::string& path) const;
+    std::vector<std::string> paths() const;
+    void addFolder(const std::string& path);
+
+    int failAtChange = 0;              ///< counted down by each change; the one that reaches 0 fails
+    std::set<std::string> denied;      ///< lower-cased paths that can't be opened, made or deleted
+    std::vector<Drive> driveList{{"C:", DriveType::Fixed}};
+
+    bool fileExists(const std::string& path) const override;
+    bool folderExists(const std::string& path) const override;
+    std::uint64_t fileSize(const std::string& path) const override;
+    std::unique_ptr<TextReader> openText(const std::string& path) override;
+    std::unique_ptr<TextWriter> createText(const std::string& path) override;
+    std::unique_ptr<TextWriter> appendText(const std::string& path) override;
+    void deleteFile(const std::string& path, bool force) override;
+    void copyFile(const std::string& from, const std::string& to) override;
+    void renameFile(const std::string& from, const std::string& to) override;
+    void createFolder(const std::string& path) override;
+    void deleteFolder(const std::string& path) override;
+    FolderListing listFolder(const std::string& path) const override;
+    FolderListing searchListing(const std::string& path) const override;
+    std::vector<Drive> drives() const override { return driveList; }
+
+    /// One change; throws when it is the one that is to fail.
+    void countChange(const std::string& path);
+
+private:
+    struct Stored {
+        std::string path;
+        std::string content;
+    };
+    std::map<std::string, Stored> files_;
+    std::map<std::string, std::string> folders_;
+};
+
+class MemorySettings : public SettingsStore {
+public:
+    std::optional<std::string> read(const std::string& key) const override;
+    void write(const std::string& key, const std::string& text) override { values[key] = text; }
+    void deleteSection() override { values.clear(); }
+    std::map<std::string, std::string> values;
+    bool unreadable = false;
+};
+
+/// A clock moved by hand.
+class ManualClock : public Clock {
+public:
+    double tickCount() const override { return ticks; }
+    DateTime now() const override { return time; }
+    double ticks = 1000;
+    DateTime time{2001, 2, 3, 14, 5, 6};
+};
+
+/// An event loop whose time is the manual clock's: a wait runs the next timer, or lets its tick pass.
+class ScriptedLoop : public EventLoop {
+public:
+    explicit ScriptedLoop(ManualClock& clock) : clock_(clock) {}
+    void yield() override;
+    void waitUntil(const std::function<bool()>& condition, int tickMilliseconds) override;
+    void endWaits() override { ended = true; }
+    std::unique_ptr<Timer> createTimer(std::function<void()> onTick) override;
+    /// Runs inside the next yields, one each.
+    std::deque<std::function<void()>> pending;
+    /// Lets time pass; timers that fall due run in order.
+    void advance(int milliseconds);
+    bool ended = false;
+    int yields = 0;
+
+private:
+    friend class ScriptedTimer;
+    ManualClock& clock_;
+    std::vector<class ScriptedTimer*> timers_;
+};
+
+/// Boxes and file dialogs answered by a script. An unanswered one throws, which fails the test.
+class ScriptedDialogs : public Dialogs {
+public:
+    void answer(const std::string& title, Answer answer) { answers_.push_back({title, answer}); }
+    void choose(std::optional<std::string> path) { choices_.push_back(std::move(path)); }
+    Answer show(const MessageBox& box) override;
+    std::optional<std::string> openFile(const FileDialog& dialog) override;
+    std::optional<std::string> saveFile(const FileDialog& dialog) override;
+    /// Boxes shown so far.
+    std::vector<MessageBox> shown;
+    std::vector<FileDialog> fileDialogs;
+    /// Called with each box before it is answered.
+    std::function<void(const MessageBox&)> onShow;
+
+private:
+    std::deque<std::pair<std::string, Answer>> answers_;
+    std::deque<std::optional<std::string>> choices_;
+};
+
+class MemoryClipboard : public Clipboard {
+public:
+    bool hasText() const override { return value.has_value(); }
+    std::string text() const override { return value.value_or(""); }
+    void setText(const std::string& text) override { value = text; }
+    std::optional<std::string> value;
+};
+
+class FakeWindows : public DesktopWindows {
+public:
+    std::vector<DesktopWindow> list() const override { return windows; }
+    void close(std::uint64_t id) override { closed.push_back(id); }
+    bool terminate(std::uint64_t) override { return false; }
+    std::vector<DesktopWindow> windows;
+    std::vector<std::uint64_t> closed;
+};
+
+class FakeProcesses : public Processes {
+public:
+    std::string commandLine() const override { return line; }
+    std::string environment(int position) const override;
+    int osPlatformId() const override { return platformId; }
+    void startBatch(const std::string& interpreter, const std::string& batchFile) override;
+    void start(const std::string& programLine, const std::string& folder) override;
+    std::string line;
+    std::vector<std::string> variables;
+    int platformId = 2;
+    bool failToStart = false;
+    std::vector<std::string> started;  ///< `<interpreter> /c "<batch>"`, or `<folder>|<program line>`
+};
+
+class FakeArchives : public Archives {
+public:
+    bool list(const std::string& archive, const std::function<void(const std::string&)>& onEntry) override;
+    bool extract(const std::string&, const std::string&, const std::string&) override { return false; }
+    std::map<std::string, std::vector<std::string>> entries;  ///< by lower-cased path
+};
+
+class FakeSocket : public UdpSocket {
+public:
+    void setRemoteHost(const std::string& name) override { host = name; }
+    void setRemotePort(std::int32_t number) override { port = number; }
+    void sendData(const std::string& bytes) override { sent.push_back(bytes); }
+    std::string getData() override { return reply; }
+    void close() override {}
+    std::string remoteHostIp() const override { return host; }
+    std::int32_t remotePort() const override { return port; }
+    std::string host, reply;
+    std::int32_t port = 0;
+    std::vector<std::string> sent;
+};
+
+class FakeViewers : public Viewers {
+public:
+    void viewText(const std::string& path) override { viewed.push_back(path); }
+    std::vector<std::string> viewed;
+};
+
+/// Keeps all lines; a serious one has a "!" in front.
+class RecordingLog : public Log {
+public:
+    void logEvent(std::string_view message, bool serious) override {
+        lines.push_back((serious ? "!" : "") + std::string(message));
+    }
+    bool has(const std::string& line) const;
+    std::vector<std::string> lines;
+};
+
+/// All fakes at once.
+struct World {
+    MemoryFiles files;
+    MemorySettings settings;
+    ManualClock clock;
+    ScriptedLoop events{clock};
+    ScriptedDialogs dialogs;
+    MemoryClipboard clipboard;
+    FakeWindows windows;
+    FakeProcesses processes;
+    FakeArchives archives;
+    FakeSocket socket;
+    FakeViewers viewers;
+    Random random;
+    RecordingLog log;
+    Services services{files,   settings,  events,   clock,  dialogs, clipboard,
+                      windows, processes, archives, socket, viewers, random};
+};
+
+/// Lines joined as the program writes them, each ended by CR LF.
+std::string crlf(const std::vector<std::string>& lines);
+
+}  // namespace gatehouse::fake

@@ -1,0 +1,185 @@
+#include "window/widgets/binders.h"
+
+#include "window/widgets/spin_text.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace gatehouse {
+namespace {
+
+class BindersTest : public testing::Test {
+protected:
+    BindersTest() {
+        bind(*make<QCheckBox>(), pure);
+        bind(*make<QLineEdit>(), host);
+        bind(*make<SpinText>(), limit, Typed::Number);
+        bind(*make<QComboBox>(), mod);
+        bind(*make<QSlider>(), snaps);
+        bind(*make<QLabel>(), colour);
+        window.show();
+    }
+
+    template <class Widget>
+    Widget* make() {
+        auto* widget = new Widget(&window);
+        layout.addRow(widget);
+        return widget;
+    }
+
+    template <class Widget>
+    Widget& find(const char* name) {
+        return *window.findChild<Widget*>(name);
+    }
+
+    FieldGroup group{"test"};
+    CheckField pure{group, {"q3pure", "Pure Server:", "Only <b>pure</b> & simple."}};
+    TextField host{group, {"q3hostname", "Hostname:"}, "noname"};
+    TextField limit{group, {"fraglimit", "Frag Limit:"}, "20", Range{5, 200, 5}};
+    ListField mod{group, {"modcombo", "Mod:"}, {"one", "two", "three"}, 1};
+    SliderField snaps{group, {"q3snaps", "Snapshots:"}, Range{1, 30, 1, 5}, 20};
+    LabelField colour{group, {"q3fxcolor", "FX Colour:"}, "4"};
+    QWidget window;
+    QFormLayout layout{&window};
+};
+
+TEST_F(BindersTest, WidgetsShowTheirFieldsFromTheStartAndAfterEachChange) {
+    const auto expectShown = [this](bool ticked, const char* name, const char* number, int row, int position,
+                                    const char* label) {
+        EXPECT_EQ(find<QCheckBox>("q3pure").isChecked(), ticked);
+        EXPECT_EQ(find<QLineEdit>("q3hostname").text(), name);
+        EXPECT_EQ(find<SpinText>("fraglimit").text(), number);
+        EXPECT_EQ(find<QComboBox>("modcombo").currentIndex(), row);
+        EXPECT_EQ(find<QSlider>("q3snaps").value(), position);
+        EXPECT_EQ(find<QLabel>("q3fxcolor").text(), label);
+    };
+    expectShown(false, "noname", "20", 1, 20, "4");
+    pure.setValue(1);
+    host.setText("caf\xe9 <i>");
+    limit.setText("1000");
+    mod.setIndex(2);
+    snaps.setPosition(7);
+    colour.setText("5");
+    expectShown(true, "caf\u00e9 <i>", "1000", 2, 7, "5");
+}
+
+TEST_F(BindersTest, FieldsTakeWhatAPersonDoes) {
+    QTest::mouseClick(&find<QCheckBox>("q3pure"), Qt::LeftButton, {}, {8, find<QCheckBox>("q3pure").height() / 2});
+    EXPECT_EQ(pure.value(), 1);
+    find<QLineEdit>("q3hostname").clear();
+    QTest::keyClicks(&find<QLineEdit>("q3hostname"), "a b ");
+    EXPECT_EQ(host.text(), "a b ");
+    QTest::keyClick(&find<QComboBox>("modcombo"), Qt::Key_Down);
+    EXPECT_EQ(mod.index(), 2);
+    QTest::keyClick(&find<QSlider>("q3snaps"), Qt::Key_PageDown);
+    EXPECT_EQ(snaps.position(), 15);
+}
+
+TEST_F(BindersTest, SpinButtonsCountWithinTheRangeAndTypedValuesMayLieOutside) {
+    auto& spin = find<SpinText>("fraglimit");
+    const struct {
+        const char* text;
+        Qt::Key key;
+        const char* after;
+    } cases[] = {
+        {"20", Qt::Key_Up, "25"},     {"20", Qt::Key_Down, "15"}, {"198", Qt::Key_Up, "200"}, {"200", Qt::Key_Up, "200"},
+        {"900", Qt::Key_Down, "200"}, {"900", Qt::Key_Up, "900"}, {"5", Qt::Key_Down, "5"},   {"", Qt::Key_Up, "5"},
+    };
+    for (const auto& one : cases) {
+        limit.setText(one.text);
+        QTest::keyClick(&spin, one.key);
+        EXPECT_EQ(limit.text(), one.after) << one.text;
+    }
+    spin.selectAll();
+    QTest::keyClicks(&spin, "1234");
+    QTest::keyClick(&spin, Qt::Key_Return);
+    EXPECT_EQ(limit.text(), "1234");
+}
+
+TEST_F(BindersTest, AnUnfinishedNumberStaysInTheLineAndGivesWayWhenItIsLeft) {
+    auto& spin = find<SpinText>("fraglimit");
+    spin.setFocus();
+    spin.selectAll();
+    QTest::keyClicks(&spin, "-");
+    EXPECT_EQ(spin.text(), "-");
+    EXPECT_EQ(limit.text(), "20");
+    QTest::keyClicks(&spin, "3");
+    EXPECT_EQ(limit.text(), "-3");
+    QTest::keyClicks(&spin, "x");
+    EXPECT_EQ(limit.text(), "-3");
+    QTest::keyClick(&spin, Qt::Key_Return);
+    EXPECT_EQ(spin.text(), "-3");
+}
+
+TEST_F(BindersTest, ShowingAValueNeverChangesIt) {
+    int changes = 0;
+    mod.changed.connect([&changes] { ++changes; });
+    pure.setValue(-1);  // ticked, though not by the box
+    EXPECT_TRUE(find<QCheckBox>("q3pure").isChecked());
+    EXPECT_EQ(pure.value(), -1);
+    const std::string odd("\x01 line\nbreak\t\x81\x00 end ", 21);
+    host.setText(odd);
+    EXPECT_EQ(host.text(), odd);
+    host.setText(std::string(40000, 'x'));
+    EXPECT_EQ(host.text().size(), 40000u);
+    mod.setChoices({{"a & b", 7}, {"<c>", 8}});
+    EXPECT_EQ(mod.index(), -1);
+    EXPECT_EQ(find<QComboBox>("modcombo").currentIndex(), -1);
+    EXPECT_EQ(find<QComboBox>("modcombo").itemText(1), "<c>");
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(BindersTest, StatesAndHintsFollowTheField) {
+    auto& box = find<QCheckBox>("q3pure");
+    EXPECT_EQ(box.accessibleDescription(), "Only <b>pure</b> & simple.");
+    EXPECT_TRUE(box.toolTip().contains("&lt;b&gt;pure&lt;/b&gt; &amp; simple."));
+    EXPECT_EQ(box.accessibleName(), "Pure Server");
+    EXPECT_EQ(find<QLabel>("q3fxcolor").accessibleName(), "");
+
+    QLabel caption(&window);
+    bindCaption(caption, box, pure);
+    EXPECT_EQ(caption.buddy(), &box);
+    pure.visible.set(false);
+    pure.enabled.set(false);
+    EXPECT_TRUE(box.isHidden() && caption.isHidden());
+    EXPECT_FALSE(box.isEnabled() || caption.isEnabled());
+    pure.restoreDesign();
+    EXPECT_FALSE(box.isHidden() || !box.isEnabled());
+}
+
+TEST_F(BindersTest, AFieldOutlivesItsWidget) {
+    auto shortLived = std::make_unique<QLineEdit>();
+    bind(*shortLived, host);
+    shortLived.reset();
+    host.setText("still here");
+    EXPECT_EQ(find<QLineEdit>("q3hostname").text(), "still here");
+}
+
+TEST(CommandBinderTest, ActionsFollowTheirFlagsAndRunTheirCommands) {
+    Observable<bool> canRun{false}, shownNow{true};
+    int runs = 0;
+    QAction run, panel;
+    bindCommand(run, canRun, [&] { ++runs; });
+    bindSwitch(panel, shownNow, [&] { shownNow.set(!shownNow.get()); });
+    run.trigger();
+    canRun.set(true);
+    run.trigger();
+    EXPECT_EQ(runs, 1);
+    EXPECT_TRUE(panel.isChecked());
+    panel.trigger();
+    EXPECT_FALSE(shownNow.get() || panel.isChecked());
+    shownNow.set(true);
+    EXPECT_TRUE(panel.isChecked());
+}
+
+}  // namespace
+}  // namespace gatehouse

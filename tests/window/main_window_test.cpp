@@ -1,0 +1,180 @@
+#include "window/main_window.h"
+
+#include "startup/gatehouse.h"
+#include "support/core/fakes.h"
+#include "window/widgets/side_bar.h"
+#include "window/widgets/twips.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QTest>
+#include <QTime>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+namespace gatehouse {
+namespace {
+
+/// The window over a program that was started before, with the document that it writes itself.
+class MainWindowTest : public testing::Test {
+protected:
+    MainWindowTest() {
+        world.files.put("C:\\gh\\aliases.txt", "");
+        world.files.put("C:\\gh\\default.ghs", "");
+        world.files.put("C:\\gh\\mods\\00-baseq3.ghm", "name Quake 3: Arena\r\ndir baseq3\r\ngtype 0 Free For All\r\n");
+        for (const char* list : {"usermaps.txt", "usermdls.txt"}) world.files.put(std::string("C:\\gh\\") + list, "");
+        world.files.put("C:\\Q3\\quake3.exe", "");
+        world.files.put("C:\\Q3\\baseq3\\q3config.cfg", "");
+        world.settings.values = {{"exepath", "C:\\Q3\\quake3.exe"}, {"basedir", "C:\\Q3\\"}, {"ghcdir", "C:\\gh\\"},
+                                 {"ghversion", "00.03.03"}};
+        program.StartupDriver();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    template <class T = QWidget>
+    T& find(const char* name) {
+        auto* found = window.findChild<T*>(name);
+        if (!found) throw std::runtime_error(std::string("no ") + name);
+        return *found;
+    }
+
+    void click(TabList& list, int row) {
+        const QRect area = list.visualRect(list.model()->index(row, 0));
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, area.center());
+    }
+
+    QString frameOnShow() { return find<QStackedWidget>("q3tabframes").currentWidget()->objectName(); }
+
+    fake::World world;
+    Gatehouse program{world.services, "C:\\gh"};
+    MainWindow window{program};
+};
+
+TEST_F(MainWindowTest, TheWindowComesUpInTheModeOfTheDocument) {
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.windowTitle(), "c:\\gh\\default.ghc");
+    EXPECT_TRUE(find<QToolButton>("sbar1").isChecked());
+    EXPECT_EQ(frameOnShow(), "servers");
+    EXPECT_EQ(find<QLabel>("sframe").text(), "Servers");
+    EXPECT_EQ(find<QLabel>("q3status1").text(), QString::fromStdString(program.q3.q3status.get()));
+    EXPECT_FALSE(program.flags.q3botdel.get());  // the first showing is an activation
+}
+
+TEST_F(MainWindowTest, TheMouseChoosesModesAndTabs) {
+    QTest::mouseClick(&find("sbar3"), Qt::LeftButton);
+    EXPECT_EQ(program.run.CurrentMode.get(), kDedicated);
+    EXPECT_EQ(frameOnShow(), "server");
+    EXPECT_TRUE(find("sbarlist3").isVisible());
+    EXPECT_FALSE(find("sbarlist1").isVisible());
+    click(find<TabList>("sbarlist3"), 2);
+    EXPECT_EQ(program.modes.TabKey.get(), "maps");
+    EXPECT_EQ(frameOnShow(), "maps");
+    QTest::mouseClick(&find("sbar3"), Qt::LeftButton);  // once more: its header stays down
+    EXPECT_TRUE(find<QToolButton>("sbar3").isChecked());
+    EXPECT_FALSE(find<QToolButton>("sbar1").isChecked());
+}
+
+TEST_F(MainWindowTest, TheKeyboardChoosesModesAndTabs) {
+    auto& connectTabs = find<TabList>("sbarlist1");
+    connectTabs.setFocus();
+    QTest::keyClick(&connectTabs, Qt::Key_Down);
+    EXPECT_EQ(frameOnShow(), "servers");  // walking chooses nothing
+    QTest::keyClick(&connectTabs, Qt::Key_Return);
+    EXPECT_EQ(frameOnShow(), "player");
+    QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(program.run.CurrentMode.get(), kListen);
+    EXPECT_TRUE(find("sbarlist2").hasFocus());
+    QTest::keyClick(&find("sbarlist2"), Qt::Key_End);
+    QTest::keyClick(&find("sbarlist2"), Qt::Key_Space);
+    EXPECT_EQ(program.modes.TabKey.get(), "tweak2");
+}
+
+TEST_F(MainWindowTest, TheSideBarFollowsTheProgram) {
+    program.modes.sbar_GroupClick(kBenchmark);
+    program.modes.sbar_ListItemClick(1);
+    EXPECT_TRUE(find<QToolButton>("sbar4").isChecked());
+    const auto selected = find<TabList>("sbarlist4").selectionModel()->selectedIndexes();
+    ASSERT_EQ(selected.size(), 1);
+    EXPECT_EQ(selected.first().row(), 0);
+}
+
+TEST_F(MainWindowTest, TheRightClickMenuSwitchesTheIconSize) {
+    auto& list = find<TabList>("sbarlist1");
+    const int large = list.visualRect(list.model()->index(0, 0)).height();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, window.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&find("sbar"), &event);
+    auto& menu = find<QMenu>("sbarmenu");
+    EXPECT_TRUE(menu.isVisible());
+    find<QAction>("msiconsmall").trigger();
+    menu.close();
+    EXPECT_LT(list.visualRect(list.model()->index(0, 0)).height(), large);
+    find<QAction>("sbariconlarge").trigger();
+    EXPECT_EQ(list.visualRect(list.model()->index(0, 0)).height(), large);
+}
+
+TEST_F(MainWindowTest, MenuAndToolBarFollowTheRunFlag) {
+    EXPECT_FALSE(find<QAction>("mfilerun").isEnabled());  // no server in the list
+    program.modes.sbar_GroupClick(kListen);               // the document has maps
+    EXPECT_TRUE(find<QAction>("mfilerun").isEnabled());
+    EXPECT_TRUE(find<QToolButton>("Run").isEnabled());
+    QTest::keyClick(&window, Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(world.processes.started.size(), 1u);
+    world.dialogs.choose(std::nullopt);
+    QTest::mouseClick(&find<QToolButton>("Open"), Qt::LeftButton);
+    EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);
+}
+
+TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
+    auto& console = find<QPlainTextEdit>("q3console");
+    auto& entry = find<QAction>("mtoolsconsole");
+    EXPECT_FALSE(console.isVisible() || entry.isChecked());
+    const QSize before = window.size();
+    entry.trigger();
+    EXPECT_TRUE(console.isVisible() && entry.isChecked());
+    EXPECT_TRUE(console.toPlainText().endsWith("\nGatehouse is ready."));
+    program.log.logEvent("<b>plain</b>");
+    EXPECT_TRUE(console.toPlainText().endsWith(": <b>plain</b>"));
+    EXPECT_TRUE(console.textCursor().atEnd());
+    EXPECT_EQ(find<QLabel>("q3status1").text().right(12), "<b>plain</b>");
+    EXPECT_GE(window.height(), before.height());
+    entry.trigger();
+    EXPECT_FALSE(console.isVisible() || entry.isChecked());
+    EXPECT_EQ(window.size(), before);
+    EXPECT_EQ(world.settings.values["showconsole"], "False");
+}
+
+TEST_F(MainWindowTest, WhatAPersonAddedToTheWindowStays) {
+    program.q3.width.set(5000);
+    EXPECT_EQ(window.width(), pixels(5000));
+    window.resize(pixels(5000) + 60, window.height());
+    program.q3.width.set(5500);
+    EXPECT_EQ(window.width(), pixels(5500) + 60);
+    program.q3.width.set(50000);
+    EXPECT_LE(window.width(), window.screen()->availableSize().width());
+}
+
+TEST_F(MainWindowTest, TitlesAndTheClockArePlain) {
+    program.run.title.set("c:\\[*]\\<b>x.ghc");
+    EXPECT_EQ(window.windowTitle(), "c:\\[*][*]\\<b>x.ghc");  // the toolkit's way to write one "[*]"
+    const QTime before = QTime::currentTime();
+    const QString clock = find<QLabel>("q3status2").text();
+    EXPECT_LE(QTime::fromString(clock, "HH:mm").secsTo(before) % (24 * 3600), 60);
+}
+
+TEST_F(MainWindowTest, ClosingAsksAndHides) {
+    program.run.ConfigChanged = true;
+    world.dialogs.answer("Exit Gatehouse", Answer::No);
+    EXPECT_FALSE(window.close());  // the program hides it, not its own event
+    EXPECT_EQ(world.dialogs.shown.size(), 1u);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(world.events.ended);
+    window.close();
+    EXPECT_EQ(world.dialogs.shown.size(), 1u);
+}
+
+}  // namespace
+}  // namespace gatehouse

@@ -1,0 +1,175 @@
+#include "support/core/document_desk.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace gatehouse {
+namespace {
+
+/// The Server tab with a mod of six game types chosen, and a set of limits for each of the first four.
+class ServerRulesTest : public ::testing::Test {
+protected:
+    ServerRulesTest() {
+        desk.gameTypes.push_back({"Harvest", 7});
+        desk.gameTypes.push_back({"Arena", 8});
+        desk.doc.modcombo.setIndex(0);
+        choose(1, "31", "32");
+        choose(2, "41", "42");
+        doc.fgame.setValue(1);
+        choose(3, "51", "52");
+        doc.fgame.setValue(0);
+        choose(0, "21", "22");
+        desk.run.ConfigChanged = false;
+    }
+    void choose(int position, const std::string& frags, const std::string& time) {
+        doc.q3gametype.setIndex(position);
+        doc.fraglimit.setText(frags);
+        doc.timelimit.setText(time);
+    }
+    fake::DocumentDesk desk;
+    SettingsDocument& doc = desk.doc;
+};
+
+TEST(ServerRulesAtFirst, TheFirstModKeepsTheDesignedLimits) {
+    fake::DocumentDesk desk;
+    desk.doc.modcombo.setIndex(0);
+    EXPECT_EQ(desk.doc.fraglimit.text(), "20");
+    EXPECT_EQ(desk.doc.timelimit.text(), "20");
+    EXPECT_EQ(desk.doc.ui_ffa_timelimit.value(), 20);
+}
+
+TEST_F(ServerRulesTest, EachTypeHasItsOwnLimitsAndShowsItsOwnFields) {
+    struct Case {
+        int position;
+        std::string label, frags, time;
+        bool teams;
+    };
+    const Case cases[] = {{3, "Caps:", "51", "52", true},
+                          {0, "Frags:", "21", "22", false},
+                          {2, "Frags:", "41", "42", true},
+                          {1, "Frags:", "31", "32", false}};
+    for (const bool always : {false, true}) {
+        doc.dowarmup.setValue(always ? 1 : 0);
+        for (const Case& one : cases) {
+            doc.q3gametype.setIndex(one.position);
+            EXPECT_EQ(doc.fraglabel.text(), one.label);
+            EXPECT_EQ(doc.fraglimit.text(), one.frags);
+            EXPECT_EQ(doc.timelimit.text(), one.time);
+            EXPECT_EQ(doc.LastGameType, one.position);
+            EXPECT_EQ(doc.warmup.visible.get(), one.teams || always) << one.position;
+            for (const Field* field : {static_cast<Field*>(&doc.fgame), static_cast<Field*>(&doc.forcebalance),
+                                       static_cast<Field*>(&doc.autojoin)})
+                EXPECT_EQ(field->visible.get(), one.teams) << field->name() << one.position;
+        }
+    }
+    doc.q3gametype.setIndex(2);
+    EXPECT_EQ(doc.fgame.value(), 1);
+    doc.q3gametype.setIndex(3);
+    EXPECT_EQ(doc.fgame.value(), 0);
+    doc.fgame.setValue(1);
+    EXPECT_EQ(doc.ui_ctf_friendly.value(), 1);
+    EXPECT_EQ(doc.ui_team_friendly.value(), 1);
+    EXPECT_TRUE(desk.run.ConfigChanged);
+}
+
+TEST_F(ServerRulesTest, AChangeGoesIntoTheSetOnShowOnly) {
+    doc.q3gametype.setIndex(1);
+    doc.fraglimit.setText("99");
+    EXPECT_EQ(doc.ui_tourney_fraglimit.value(), 99);
+    EXPECT_EQ(doc.ui_ffa_fraglimit.value(), 21);
+    EXPECT_EQ(doc.ui_team_fraglimit.value(), 41);
+    EXPECT_THROW(doc.fraglimit.setText("many"), RuntimeFailure);
+    EXPECT_EQ(doc.ui_tourney_fraglimit.value(), 99);
+}
+
+TEST_F(ServerRulesTest, WhatIsTypedStaysAsTypedAndTheOtherFieldStays) {
+    doc.timelimit.setText("07");
+    doc.fraglimit.setText(" 030");
+    EXPECT_EQ(doc.fraglimit.text(), " 030");
+    EXPECT_EQ(doc.timelimit.text(), "07");
+    EXPECT_EQ(doc.ui_ffa_fraglimit.value(), 30);
+    doc.ui_ffa_fraglimit.setValue(5);
+    EXPECT_EQ(doc.fraglimit.text(), "5");
+    EXPECT_EQ(doc.timelimit.text(), "07");
+}
+
+TEST_F(ServerRulesTest, PositionsBeyondTheFourthTakeNoPart) {
+    doc.q3gametype.setIndex(4);
+    EXPECT_EQ(doc.fraglimit.text(), "21");
+    doc.fraglimit.setText("77");
+    doc.fgame.setValue(1);
+    doc.q3gametype.setIndex(5);
+    EXPECT_EQ(doc.fraglimit.text(), "77");
+    doc.q3gametype.setIndex(0);
+    EXPECT_EQ(doc.fraglimit.text(), "21");
+    EXPECT_EQ(doc.ui_ctf_friendly.value(), 0);
+}
+
+TEST_F(ServerRulesTest, AModWithoutGameTypesTakesNoPart) {
+    desk.gameTypes.clear();
+    desk.doc.modcombo.setIndex(1);
+    doc.fraglimit.setText("77");
+    doc.dowarmup.setValue(1);
+    EXPECT_EQ(doc.ui_ffa_fraglimit.value(), 21);
+    EXPECT_FALSE(doc.warmup.visible.get());
+}
+
+TEST_F(ServerRulesTest, HunkSize) {
+    for (const std::string text : {"25", "", "x56", "25.9", "-1"}) {
+        desk.world.dialogs.answer("Invalid Parameter", Answer::Ok);
+        doc.q3hunksize.setText("64");
+        doc.q3hunksize.setText(text);
+        EXPECT_EQ(doc.q3hunksize.text(), "26") << text;
+    }
+    EXPECT_EQ(desk.world.dialogs.shown.size(), 5u);
+    EXPECT_EQ(desk.world.dialogs.shown[0].text, "Server Cannot Run With Less Than 26 Mb");
+    EXPECT_EQ(desk.world.dialogs.shown[0].icon, Icon::Stop);
+    doc.q3hunksize.setText("26.0 Mb");
+    EXPECT_EQ(doc.q3hunksize.text(), "26.0 Mb");
+}
+
+TEST_F(ServerRulesTest, UntickingAPasswordLosesIt) {
+    for (auto [use, pass] : {std::pair(&doc.q3usepass, &doc.q3serverpass), {&doc.q3userconpass, &doc.q3rconpass}}) {
+        use->setValue(1);
+        EXPECT_TRUE(pass->enabled.get());
+        pass->setText("secret");
+        use->setValue(0);
+        EXPECT_FALSE(pass->enabled.get());
+        EXPECT_EQ(pass->text(), "");
+    }
+}
+
+TEST_F(ServerRulesTest, DownloadsForceAPureServer) {
+    doc.q3pure.setValue(0);
+    desk.run.ConfigChanged = false;
+    doc.sv_allowdownload.setValue(1);
+    EXPECT_EQ(doc.q3pure.value(), 1);
+    EXPECT_FALSE(doc.q3pure.enabled.get());
+    doc.sv_allowdownload.setValue(0);
+    EXPECT_TRUE(doc.q3pure.enabled.get());
+    EXPECT_EQ(doc.q3pure.value(), 1);
+    desk.run.ConfigChanged = false;
+    doc.sv_allowdownload.setValue(1);
+    doc.dowarmup.setValue(1);
+    EXPECT_FALSE(desk.run.ConfigChanged);
+}
+
+TEST_F(ServerRulesTest, RestoringTheDesignEndsWithIt) {
+    doc.q3usepass.setValue(1);
+    doc.sv_allowdownload.setValue(1);
+    doc.q3gametype.setIndex(3);
+    doc.restoreDesign();
+    EXPECT_EQ(doc.fraglimit.text(), "20");
+    EXPECT_EQ(doc.ui_ctf_capturelimit.value(), 0);
+    EXPECT_EQ(doc.ui_ffa_fraglimit.value(), 0);
+    EXPECT_EQ(doc.LastGameType, 0);
+    EXPECT_EQ(doc.q3pure.value(), 0);
+    for (FieldGroup* group : doc.groups()) {
+        for (const Field* field : group->fields)
+            EXPECT_TRUE(field->enabled.get() && field->visible.get()) << field->name();
+    }
+}
+
+}  // namespace
+}  // namespace gatehouse
