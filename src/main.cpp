@@ -59,7 +59,6 @@ int main(int argc, char** argv) {
     QtEventLoop events;
     GuardedApplication<QApplication> application(events, argc, argv);
     QApplication::setApplicationName(QStringLiteral("gatehouse"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Gatehouse"));
     QApplication::setQuitOnLastWindowClosed(false);
 
     std::string programFolder;

@@ -175,9 +175,9 @@ void MainWindow::followProgram() {
     size();
     listen(this, view.width.changed, size);
     listen(this, view.height.changed, size);
-    listen(this, view.visible.changed, [this, &view] {
-        setVisible(view.visible.get());
-        if (view.visible.get()) program_.q3_Activate();
+    follow(this, view.visible, [this](bool visible) {
+        setVisible(visible);
+        if (visible) program_.q3_Activate();
     });
 }
 

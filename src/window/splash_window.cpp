@@ -45,17 +45,17 @@ protected:
         painter.setPen(QColor("#f5efe2"));
         painter.drawText(kTitleLeft, kTitleBase, "Gatehouse");
         QFont small = font();
-        small.setPixelSize(17);
+        small.setPixelSize(16);
         painter.setFont(small);
         painter.setPen(QColor("#f2c27c"));
-        painter.drawText(kTitleLeft + 3, kTitleBase + 32, versionLine());
+        painter.drawText(kTitleLeft + 3, kTitleBase + 32, tr("Settings and servers for Quake 3: Arena"));
+        painter.drawText(kTitleLeft + 3, kTitleBase + 56, versionLine());
     }
 
 private:
     /// The version is known a few steps after the splash is on show.
     QString versionLine() const {
-        const QString purpose = tr("Settings and servers for Quake 3: Arena");
-        return run_.VersionString.empty() ? purpose : purpose + "   " + shown(run_.VersionString);
+        return run_.VersionString.empty() ? QString() : tr("Version %1").arg(shown(run_.VersionString));
     }
 
     const RunState& run_;

@@ -31,7 +31,7 @@ constexpr int kFailedChild = 127;
 }
 
 /// The child's part: nothing in here may allocate or lock, as other threads of the parent are gone.
-[[noreturn]] void becomeProgram(const char* program, char* const* arguments, const char* folder, int nullInput,
+[[noreturn]] void becomeProgram(const char* program, char* const* arguments, const char* folder, int nullDevice,
                                 int report) {
     ::setsid();
     // The toolkit ignores broken pipes; the program is to find the signals as they were made.
@@ -42,7 +42,10 @@ constexpr int kFailedChild = 127;
     sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
 
-    if (::chdir(folder) == 0 && ::dup2(nullInput, STDIN_FILENO) >= 0) {
+    // Its console is not ours: whoever reads our output to its end would wait for the game.
+    const bool quiet = ::dup2(nullDevice, STDIN_FILENO) >= 0 && ::dup2(nullDevice, STDOUT_FILENO) >= 0 &&
+                       ::dup2(nullDevice, STDERR_FILENO) >= 0;
+    if (quiet && ::chdir(folder) == 0) {
         // Whatever a library has left open stays here.
         ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
         ::execve(program, arguments, environ);
@@ -86,13 +89,13 @@ void ChildPrograms::start(const std::string& program, const std::vector<std::str
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) failSystem(errno);
     const Descriptor reading(ends[0]);
     Descriptor writing(ends[1]);
-    const Descriptor nullInput(::open("/dev/null", O_RDONLY | O_CLOEXEC));
-    if (!nullInput) failSystem(errno);
+    const Descriptor nullDevice(::open("/dev/null", O_RDWR | O_CLOEXEC));
+    if (!nullDevice) failSystem(errno);
 
     pids_ = alive();
     const pid_t pid = ::fork();
     if (pid < 0) failSystem(errno);
-    if (pid == 0) becomeProgram(program.c_str(), list.data(), folder.c_str(), nullInput.get(), writing.get());
+    if (pid == 0) becomeProgram(program.c_str(), list.data(), folder.c_str(), nullDevice.get(), writing.get());
 
     writing = Descriptor();
     if (const int error = readReport(reading.get()); error != 0) {

@@ -10,7 +10,7 @@ namespace gatehouse {
 /// Programs that were started and left to themselves. Each leads a session of its own and survives this process.
 class ChildPrograms {
 public:
-    /// Starts a native program, given by its path, in a native folder: no input, output and environment as ours. The
+    /// Starts a native program, given by its path, in a native folder: no input, no console, and our environment. The
     /// first argument is the program's name. Fails with the system's reason when it does not come to run.
     void start(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder);
 
