@@ -109,6 +109,8 @@ void ConfigDocuments::writeConfig(const std::string& path) {
     Log& log = parts_.log;
     log.logEvent("Writing config " + path);
     const auto sections = compose(BadLines::Fail);
+    // From here to the end of the file, what is in memory may be all there is.
+    parts_.run.ConfigChanged = true;
     if (files.fileExists(path)) {
         files.deleteFile(path, false);
         log.logEvent("Deleted existing file OK");

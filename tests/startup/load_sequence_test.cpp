@@ -209,6 +209,21 @@ TEST_F(LoadSequenceTest, AFatalFailureLeavesARescueCopy) {
     EXPECT_NE(world.files.content("C:\\gh\\rescue.ghc").find("\"Unsaved\""), std::string::npos);
 }
 
+TEST_F(LoadSequenceTest, ADiskThatFillsUpInASaveLeavesARescueCopyEvenOfAnUnchangedDocument) {
+    writeDefault();
+    program.StartupDriver();
+    program.options.q3loglevel.setIndex(0);
+    ASSERT_FALSE(program.run.ConfigChanged);
+    world.files.failAtChange = 3;  // the old file is deleted, the new one made, and then
+    try {
+        program.documents.writeConfig("C:\\gh\\default.ghc");
+        FAIL() << "the fault was not reached";
+    } catch (const RuntimeFailure& failure) {
+        program.handleFatal(failure, false);
+    }
+    EXPECT_NE(world.files.content("C:\\gh\\rescue.ghc").find("seta sv_hostname \"noname\""), std::string::npos);
+}
+
 TEST_F(LoadSequenceTest, ADocumentThatCannotBeReadDoesNotStopTheNextStart) {
     writeDefault();
     world.files.put("C:\\gh\\broken.ghc", "seta cl_run \"yes\"\r\n");
