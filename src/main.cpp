@@ -85,7 +85,10 @@ int main(int argc, char** argv) {
     Gatehouse program(services, programFolder);
     // Nobody looks at a splash that is drawn into memory.
     std::optional<SplashWindow> splash;
-    if (interactive) splash.emplace(program.splash, program.run);
+    if (interactive) {
+        QApplication::setWindowIcon(icon("gatehouse"));
+        splash.emplace(program.splash, program.run);
+    }
     // A run-and-leave never sees the main window: it is made when it is first wanted.
     std::unique_ptr<MainWindow> mainWindow;
     program.q3.visible.changed.connect([&] {
