@@ -2,6 +2,7 @@
 
 #include "base/runtime_failure.h"
 
+#include <QHostInfo>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -115,6 +116,7 @@ TEST_F(UdpSocketTest, FailsWithoutAPlaceToSendTo) {
     socket.setRemotePort(server.localPort());
     EXPECT_THROW(socket.sendData(std::string(70000, 'x')), RuntimeFailure);
     EXPECT_EQ(errors, 0) << "a failed send is told once";
+    if (QHostInfo::fromName("localhost").error() != QHostInfo::NoError) GTEST_SKIP() << "this machine has no names";
     socket.setRemoteHost("localhost");
     socket.sendData("named");
     EXPECT_EQ(received(), "named");
