@@ -3,7 +3,7 @@
 # Usage: bench/discovery.sh [PATH OF gatehouse_bench] [RUNS]
 set -eu
 
-bench=${1:-build/gatehouse_bench}
+bench=${1:-build-bench/gatehouse_bench}
 runs=${2:-20}
 sample=${TMPDIR:-/tmp}/gatehouse-bench
 
