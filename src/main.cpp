@@ -103,5 +103,7 @@ int main(int argc, char** argv) {
     } catch (const std::exception& failure) {
         return fail(program.handleFatal(failure, interactive));
     }
+    // The box names no reason, and at the lowest level the log doesn't either.
+    if (program.exitStatus() != EXIT_SUCCESS && program.run.RunErrors) return fail(program.run.RunFailure);
     return program.exitStatus();
 }

@@ -15,6 +15,7 @@ struct RunState {
     double LastTick = 0;  ///< milliseconds; tick count of the last logged line
     bool FirstRun = false;
     bool RunErrors = false;  ///< set by a run command that failed
+    std::string RunFailure;  ///< why the last one failed
     Observable<bool> ShowConsole{false};
     bool LogOpen = false;
     std::string AppDir;         ///< program folder, ends in a backslash

@@ -141,6 +141,7 @@ std::string RunCommand::selectedAddress() const {
 void RunCommand::fail(const std::string& reason) {
     with_.gameConfig.abandon();
     with_.run.RunErrors = true;
+    with_.run.RunFailure = reason;
     with_.log.logEvent(reason, true);
     with_.dialogs.show({.title = "Error",
                         .text = "An error occurred when trying to run the game. Check the error log.",

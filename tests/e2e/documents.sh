@@ -4,7 +4,6 @@
 # shellcheck source-path=SCRIPTDIR
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-port=$((20000 + $$ % 20000))
 cases=$golden_dir/e2e-dedicated
 
 new_case() {
@@ -15,6 +14,11 @@ new_case() {
 }
 
 run_document() { run_gatehouse "r $(program_path "$document")"; }
+
+expect_server_started() {
+    expect_started "$game" +set dedicated 2 +set com_hunkmegs 96 +set net_port "$port" \
+        +set fs_game baseq3 +exec gatehouse.cfg
+}
 
 # The document and all other documents are as they were: $1 is a snapshot.
 expect_documents_kept() {
@@ -35,7 +39,7 @@ new_case 'a document that is missing, and the default document instead'
 mv "$document" "$app/default.ghc"
 run_document
 expect_status 0
-expect_started "$game" +set dedicated 2 +set com_hunkmegs 96 +set net_port "$port" +set fs_game baseq3 +exec gatehouse.cfg
+expect_server_started
 
 new_case 'a document that is missing, and no default document either'
 rm "$document"
@@ -90,11 +94,11 @@ start_until_ready
 expect_file "$app/default.ghc"
 
 new_case 'the default document is broken: it is set aside, and the next start writes another'
-printf 'base cfgtype "0"\r\nseta ui_ffa_fraglimit "many"\r\n' >"$app/default.ghc"
+printf 'base cfgtype "0"\r\nseta ui_ffa_fraglimit "many"\r\n' | tee "$scratch/broken" >"$app/default.ghc"
 run_gatehouse
 expect_document_failure "$app/default.ghc" 2 'seta ui_ffa_fraglimit "many"'
 expect_no_file "$app/default.ghc"
-printf 'base cfgtype "0"\r\nseta ui_ffa_fraglimit "many"\r\n' | cmp -s - "$app/default.bad" || fail 'the broken document is lost'
+cmp -s "$scratch/broken" "$app/default.bad" || fail 'the broken document is lost'
 start_until_ready
 cmp -s "$golden_dir/default/default.ghc" "$app/default.ghc" || fail 'the new default document is another one'
 
@@ -148,7 +152,7 @@ snapshot >"$scratch/before"
 run_document
 expect_status 0 # the message is all: the run goes on
 expect_printed 'Cannot create the Gatehouse error log.'
-expect_started "$game" +set dedicated 2 +set com_hunkmegs 96 +set net_port "$port" +set fs_game baseq3 +exec gatehouse.cfg
+expect_server_started
 expect_documents_kept "$scratch/before"
 written=$(find "$app" -newer "$scratch/before")
 [[ -z $written ]] || fail "written in the program folder: $written"

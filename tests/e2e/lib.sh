@@ -1,11 +1,11 @@
 # Helpers of the end-to-end tests, to be sourced. A test starts the built program in a world of its own: a scratch
 # folder with a home, options, a program folder, documents and a game folder, all gone when the script ends.
-# shellcheck shell=bash disable=SC2034
+# shellcheck shell=bash disable=SC2034,SC1003,SC2119,SC2120
 
 set -euo pipefail
-unset LC_ALL LC_CTYPE
-LC_ALL=C # texts are bytes here, but not for the programs that are started: not exported
-export LANG=C.UTF-8
+unset "${!LC_@}"
+LC_ALL=C # texts are bytes for the shell ...
+export LANG=C # ... and for its tools, while the program gets a locale of its own
 
 e2e_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 golden_dir=$(cd "$e2e_dir/../golden" && pwd)
@@ -13,6 +13,7 @@ build_dir=$(cd "${GATEHOUSE_BUILD:-$e2e_dir/../../build}" && pwd)
 program=$build_dir/gatehouse
 practice_game=$build_dir/practice/quake3.exe
 version=00.03.03
+port=$((20000 + $$ % 10000)) # of five digits, below those that the system gives out itself
 
 [[ -x $program ]] || { printf 'no program in %s: build it first\n' "$build_dir" >&2; exit 1; }
 
@@ -52,7 +53,7 @@ end_games() {
     while IFS= read -r -d '' log; do
         while read -r pid; do
             if is_ours "$pid"; then end_process "$pid"; fi
-        done < <(LC_ALL=C sed -n 's/^run pid \([0-9][0-9]*\) .*/\1/p' "$log")
+        done < <(sed -n 's/^run pid \([0-9][0-9]*\) .*/\1/p' "$log")
     done < <(find "$scratch" -name practice.log -print0 2>/dev/null)
 }
 
@@ -95,8 +96,8 @@ begin() {
 # A path as the program writes it.
 program_path() { printf 'C:%s' "${1//\//\\}"; }
 
-# Makes the world anew: home, options, a program folder with one mod and no maps or models of the user, a game folder with
-# the practice game, a document folder. Names hold blanks and capitals on purpose.
+# Makes the world anew: home, options, a program folder with one mod and no maps or models of the user, a game folder
+# with the practice game, a document folder. Names hold blanks and capitals on purpose.
 new_world() {
     end_games
     chmod -R u+rwX "$scratch"
@@ -148,27 +149,29 @@ option() {
 }
 
 world_environment() {
-    environment=(HOME="$home" XDG_CONFIG_HOME="$world/config" XDG_CACHE_HOME="$world/cache" XDG_DATA_HOME="$home/data"
-        XDG_RUNTIME_DIR="$scratch/runtime" GATEHOUSE_HOME="$app" PRACTICE_LIFETIME=60)
+    environment=(LANG=C.UTF-8 HOME="$home" XDG_CONFIG_HOME="$world/config" XDG_CACHE_HOME="$world/cache"
+        XDG_DATA_HOME="$home/data" XDG_RUNTIME_DIR="$scratch/runtime" GATEHOUSE_HOME="$app" PRACTICE_LIFETIME=60)
+    without_display=(-u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM -u COMSPEC)
 }
 
 # Runs the program without a display, with a time limit in seconds, and sets `status`.
 time_limit=60
 run_as=()
 run_gatehouse() {
-    local environment
+    local environment without_display
     world_environment
     status=0
-    (cd "$world" && exec env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM -u COMSPEC "${environment[@]}" "${run_as[@]}" \
-        timeout --kill-after=5 "$time_limit" "$program" "$@") >"$scratch/stdout" 2>"$scratch/stderr" </dev/null || status=$?
+    (cd "$world" && exec env "${without_display[@]}" "${environment[@]}" "${run_as[@]}" \
+        timeout --kill-after=5 "$time_limit" "$program" "$@") \
+        >"$scratch/stdout" 2>"$scratch/stderr" </dev/null || status=$?
     ((status != 124 && status != 137)) || fail "not ended within $time_limit seconds"
 }
 
 # Starts the program without a display until its window is ready, then ends it.
 start_until_ready() {
-    local environment pid tries
+    local environment without_display pid tries
     world_environment
-    (cd "$world" && exec env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM "${environment[@]}" "$program") \
+    (cd "$world" && exec env "${without_display[@]}" "${environment[@]}" "$program") \
         >"$scratch/stdout" 2>"$scratch/stderr" </dev/null &
     pid=$!
     started_pids+=("$pid")
@@ -209,14 +212,14 @@ expect_file() { [[ -f $1 ]] || fail "missing: $1"; }
 
 expect_no_file() { [[ ! -e $1 ]] || fail "there should be no: $1"; }
 
-# Writes the text of a file with its placeholders replaced: @GAME@ (the game folder as the program writes it, without its
-# drive and last backslash) and @PORT@.
+# Writes the text of a file with its placeholders replaced: @GAME@ (the game folder as the program writes it, without
+# its drive and last backslash) and @PORT@.
 filled_in() {
     local text path
     path=$(program_path "$game")
     text=$(cat "$1" && printf x)
     text=${text//@GAME@/"${path#C:}"}
-    text=${text//@PORT@/"${port:-}"}
+    text=${text//@PORT@/"$port"}
     printf '%s' "${text%x}"
 }
 
@@ -241,7 +244,7 @@ expect_started() {
         sleep 0.1
     done
     [[ -s $journal ]] || fail 'the game was not started'
-    got=$(LC_ALL=C sed -n 's/^run pid [0-9]* //p' "$journal")
+    got=$(sed -n 's/^run pid [0-9]* //p' "$journal")
     [[ $got == "$wanted" ]] || fail "the game was started $got, expected $wanted"
 }
 
@@ -250,7 +253,7 @@ expect_not_started() { [[ ! -e $journal ]] || fail 'the game was started'; }
 # Lists every file and folder of the world with a checksum, the stamps of event logs taken out of their names.
 snapshot() {
     (cd "$world" && find . -mindepth 1 \( -type f -exec sha256sum {} + \) -o -printf '%y  %p\n') |
-        sed -E 's/[0-9]{14}-errorlog/STAMP-errorlog/' | LC_ALL=C sort -k 2
+        sed -E 's/[0-9]{14}-errorlog/STAMP-errorlog/' | sort -k 2
 }
 
 # Compares the world with an earlier snapshot: exactly the paths given may be new or changed, and nothing gone.
@@ -258,9 +261,9 @@ expect_only_changed() {
     local before=$1
     shift
     snapshot >"$scratch/after"
-    LC_ALL=C comm -13 <(LC_ALL=C sort "$before") <(LC_ALL=C sort "$scratch/after") | cut -d ' ' -f 3- | LC_ALL=C sort >"$scratch/changed"
-    printf './%s\n' "$@" | LC_ALL=C sort >"$scratch/wanted"
+    comm -13 <(sort "$before") <(sort "$scratch/after") | cut -d ' ' -f 3- | sort >"$scratch/changed"
+    printf './%s\n' "$@" | sort >"$scratch/wanted"
     diff "$scratch/wanted" "$scratch/changed" >&2 || fail 'other files than told are new or changed'
-    cut -d ' ' -f 3- "$before" | LC_ALL=C sort | LC_ALL=C comm -23 - <(cut -d ' ' -f 3- "$scratch/after" | LC_ALL=C sort) >"$scratch/gone"
+    comm -23 <(cut -d ' ' -f 3- "$before" | sort) <(cut -d ' ' -f 3- "$scratch/after" | sort) >"$scratch/gone"
     [[ ! -s $scratch/gone ]] || fail "gone: $(cat "$scratch/gone")"
 }

@@ -1,13 +1,13 @@
 #!/bin/bash
-# The road to a real engine: a dedicated server's document, run and left, becomes a server of OpenArena's on loopback that
-# answers with the document's host name, game type, first map and bots. Needs openarena-server and qstat.
+# The road to a real engine: a dedicated server's document, run and left, becomes a server of OpenArena's on loopback
+# that answers with the document's host name, game type, first map and bots. Needs openarena-server and qstat.
+# shellcheck disable=SC1003
 # shellcheck source-path=SCRIPTDIR
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 engine=/usr/lib/ioquake3/ioq3ded
 engine_data=/usr/lib/openarena-server/baseoa
 host='Gatehouse e2e yard 100%'
-port=$((20000 + $$ % 20000))
 
 begin 'a dedicated server of the real engine'
 for needed in "$engine" "$engine_data/pak0.pk3" "$(command -v quakestat || echo quakestat)"; do
@@ -15,8 +15,8 @@ for needed in "$engine" "$engine_data/pak0.pk3" "$(command -v quakestat || echo 
 done
 new_world
 
-# The game folder: the base game's data, linked, in a folder that can be written, and a start script as the game. Nothing
-# describes that folder to the program: it has to find the game code in the archives.
+# The game folder: the base game's data, linked, in a folder that can be written, and a start script as the game.
+# Nothing describes that folder to the program: it has to find the game code in the archives.
 mkdir "$game/baseoa" "$scratch/engine-home"
 ln -s "$engine_data"/*.pk3 "$engine_data"/*.so "$game/baseoa/"
 pid_file=$scratch/engine.pid
@@ -34,11 +34,14 @@ chmod 755 "$game/quake3.exe"
 write_options 'extracmdline=+set g_gametype 3'
 document=$documents/real.ghc
 {
-    printf '%s\r\n' 'mods currmod "baseoa"' 'seta g_gametype "3"' "seta sv_hostname \"$host\"" 'seta sv_maxrate "8000"' \
+    printf '%s\r\n' 'mods currmod "baseoa"' 'seta g_gametype "3"' "seta sv_hostname \"$host\"" \
+        'seta sv_maxrate "8000"' \
         'seta sv_maxclients "8"' 'seta sv_privatepassword ""' 'seta rconpassword ""' 'seta sv_pure "0"' \
         'seta sv_allowdownload "0"' 'seta sv_maxping "0"' 'seta sv_minping "0"' 'seta bot_nochat "1"' \
-        'seta bot_minplayers "0"' 'seta g_warmup "0"' 'seta g_quadfactor "3"' 'seta g_allowvote "0"' 'base cfgtype "2"' \
-        'maps oa_dm1 "First"' 'maps oa_dm2 "Second"' 'srvr langame "1"' 'srvr hunksize "128"' 'srvr nic "127.0.0.1"' \
+        'seta bot_minplayers "0"' 'seta g_warmup "0"' 'seta g_quadfactor "3"' 'seta g_allowvote "0"' \
+        'base cfgtype "2"' \
+        'maps oa_dm1 "First"' 'maps oa_dm2 "Second"' 'srvr langame "1"' 'srvr hunksize "128"' \
+        'srvr nic "127.0.0.1"' \
         "srvr port \"$port\"" 'srvr cheats "0"' 'bots Angelyss "3Red"' 'bots Dark "4Blue"' 'bots random "0"'
 } >"$document"
 

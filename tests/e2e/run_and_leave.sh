@@ -4,7 +4,6 @@
 # shellcheck source-path=SCRIPTDIR
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-port=$((20000 + $$ % 20000))
 
 # Puts the case's document into the documents folder, and its other files where the program looks for them.
 use_case() {
@@ -56,7 +55,8 @@ expect_started "$game" +set fs_game baseq3 +exec gatehouse.cfg +connect "127.0.0
 begin 'a dedicated server that answers'
 use_case dedicated
 run_document baseq3 r "$(program_path "$document")" # two arguments are joined by a blank
-expect_started "$game" +set dedicated 2 +set com_hunkmegs 96 +set net_port "$port" +set fs_game baseq3 +exec gatehouse.cfg
+expect_started "$game" +set dedicated 2 +set com_hunkmegs 96 +set net_port "$port" \
+    +set fs_game baseq3 +exec gatehouse.cfg
 answer=
 for ((tries = 0; tries < 50; tries++)); do
     answer=$("$practice_game" --ask "127.0.0.1:$port" 2>&1) && [[ $answer == *Lucy* ]] && break
@@ -72,9 +72,10 @@ mkdir "$game/listenmod"
 cp "$cases/listenmod.ghm" "$app/mods/"
 write_options 'extracmdline=+set e2e_note "a  b"'
 run_document listenmod "$(document_argument)"
-high=$(printf "$(printf '\\x%x' {128..255})")
-expect_started "$game" +set e2e_note 'a  b' +set com_hunkmegs 64 'a  b%PATH%' %x% "$high" +set net_ip 127.0.0.1 100% "$high" \
-    +set net_port "$port" 'c  d%' "$high" +set fs_game listenmod +exec gatehouse.cfg +set fs_game listenmod +exec gatehouse.cfg
+printf -v high '%b' "$(printf '\\x%x' {128..255})"
+expect_started "$game" +set e2e_note 'a  b' +set com_hunkmegs 64 'a  b%PATH%' %x% "$high" \
+    +set net_ip 127.0.0.1 100% "$high" +set net_port "$port" 'c  d%' "$high" \
+    +set fs_game listenmod +exec gatehouse.cfg +set fs_game listenmod +exec gatehouse.cfg
 
 begin 'files only, by the option'
 use_case connect
