@@ -2,6 +2,7 @@
 
 #include "platform/qt/shown_text.h"
 #include "startup/gatehouse.h"
+#include "window/tabs/settings_tabs.h"
 #include "window/widgets/binders.h"
 #include "window/widgets/console_panel.h"
 #include "window/widgets/elided_label.h"
@@ -28,16 +29,27 @@ namespace {
 
 constexpr int kToolIcon = 22;
 constexpr int kGap = 8;
+constexpr int kTitleBar = 36;  // room for what the window manager draws around a window
 constexpr int kMillisecondsPerMinute = 60'000;
 
 /// A title is shown as it stands, though the toolkit reads "[*]" in it as a mark of its own.
 QString windowTitleText(const std::string& title) { return shown(title).replace("[*]", "[*][*]"); }
 
+/// What a frame holds; nothing for a tab that is still to come.
+QWidget* makeTabContent(Frame frame, SettingsDocument& document) {
+    switch (frame) {
+        case kServerFrame: return makeServerTab(document);
+        case kVideoFrame: return makeVideoTab(document);
+        case kTweak1Frame: return makeTweak1Tab(document);
+        case kTweak2Frame: return makeTweak2Tab(document);
+        default: return nullptr;
+    }
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Gatehouse& program) : program_(program) {
     setObjectName("q3");
-    setWindowIcon(icon("gatehouse"));
     makeActions();
     makeMenus();
     makeToolBar();
@@ -140,6 +152,11 @@ QStackedWidget* MainWindow::makeFrames() {
         auto* frame = new QFrame(frames);
         frame->setObjectName(shown(tab.key));
         frame->setAccessibleName(shown(tab.caption));
+        if (QWidget* content = makeTabContent(static_cast<Frame>(i), program_.doc)) {
+            auto* inside = new QVBoxLayout(frame);
+            inside->setContentsMargins({});
+            inside->addWidget(content);
+        }
         frames->addWidget(frame);
     }
     follow(frames, program_.modes.FrameShown, [frames](std::int16_t frame) { frames->setCurrentIndex(frame); });
@@ -187,7 +204,12 @@ void MainWindow::resizeTo(int widthTwips, int heightTwips) {
     const QSize added = asked_.isValid() ? (size() - asked_).expandedTo({0, 0}) : QSize(0, 0);
     asked_ = wanted;
     if (isMaximized() || isFullScreen()) return;
-    resize((wanted + added).boundedTo(screen()->availableSize()));
+    const QRect room = screen()->availableGeometry();
+    resize((wanted + added).boundedTo(room.size() - QSize(0, kTitleBar)));
+    if (!isVisible()) return;
+    // A window that has grown must not hide its status bar below the edge of the screen.
+    const int below = frameGeometry().bottom() - room.bottom();
+    if (below > 0) move(x(), qMax(room.top(), y() - below));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

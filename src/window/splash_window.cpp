@@ -39,7 +39,7 @@ protected:
         QPainter painter(this);
         drawing_.render(&painter, rect());
         QFont title = font();
-        title.setPixelSize(58);
+        title.setPixelSize(52);
         title.setBold(true);
         painter.setFont(title);
         painter.setPen(QColor("#f5efe2"));
@@ -67,7 +67,6 @@ private:
 SplashWindow::SplashWindow(SplashView& view, const RunState& run)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
     setObjectName("q3splash");
-    setWindowIcon(icon("gatehouse"));
     setAttribute(Qt::WA_ShowWithoutActivating);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, kMargin);

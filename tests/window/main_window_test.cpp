@@ -5,6 +5,7 @@
 #include "window/widgets/side_bar.h"
 #include "window/widgets/twips.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
@@ -91,6 +92,13 @@ TEST_F(MainWindowTest, TheKeyboardChoosesModesAndTabs) {
     QTest::keyClick(&find("sbarlist2"), Qt::Key_End);
     QTest::keyClick(&find("sbarlist2"), Qt::Key_Space);
     EXPECT_EQ(program.modes.TabKey.get(), "tweak2");
+}
+
+TEST_F(MainWindowTest, AScreenReaderChoosesATabBySelectingIt) {
+    auto* interface = QAccessible::queryAccessibleInterface(&find("sbarlist1"));
+    interface->child(3)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(program.modes.TabKey.get(), "keys");
+    EXPECT_EQ(find<TabList>("sbarlist1").selectionModel()->selectedIndexes().size(), 1);
 }
 
 TEST_F(MainWindowTest, TheSideBarFollowsTheProgram) {

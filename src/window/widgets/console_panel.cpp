@@ -6,7 +6,6 @@
 #include "window/widgets/twips.h"
 
 #include <QFontDatabase>
-#include <QScrollBar>
 
 namespace gatehouse {
 
@@ -18,7 +17,7 @@ ConsolePanel::ConsolePanel(Observable<std::string>& text, Observable<bool>& onSh
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setLineWrapMode(NoWrap);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setFixedHeight(pixels(MainView::kHeightWithConsole - MainView::kHeight));
     follow(this, onShow, [this](bool on) {
@@ -33,7 +32,10 @@ void ConsolePanel::refresh() {
     if (isHidden()) return;
     setPlainText(shown(text_.get()));
     moveCursor(QTextCursor::End);
-    horizontalScrollBar()->setValue(0);
+}
+
+void ConsolePanel::resizeEvent(QResizeEvent* event) {
+    QPlainTextEdit::resizeEvent(event);
     ensureCursorVisible();
 }
 

@@ -15,6 +15,9 @@ class ConsolePanel : public QPlainTextEdit {
 public:
     ConsolePanel(Observable<std::string>& text, Observable<bool>& onShow, QWidget* parent = nullptr);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void refresh();
 

@@ -191,6 +191,9 @@ void SideBar::showMode(std::int16_t mode) {
     bool hadFocus = false;
     for (std::size_t i = 0; i < headers_.size(); ++i) {
         headers_[i]->setChecked(i == current);
+        QFont caption = font();
+        caption.setBold(i == current);
+        headers_[i]->setFont(caption);
         if (i == current) continue;
         hadFocus |= lists_[i]->hasFocus();
         lists_[i]->hide();

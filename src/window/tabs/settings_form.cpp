@@ -1,0 +1,215 @@
+#include "window/tabs/settings_form.h"
+
+#include "platform/qt/shown_text.h"
+#include "window/widgets/follow.h"
+#include "window/widgets/spin_text.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QSlider>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kRowGap = 6;
+constexpr int kCaptionGap = 12;
+constexpr int kSectionGap = 14;
+constexpr int kColumnGap = 32;
+/// Sizes of widgets in letters, so that they grow with the font.
+constexpr int kWidestForm = 150;
+constexpr int kShortestList = 12;
+
+/// Two widgets that stand in one cell.
+QWidget* sideBySide(QWidget* first, QWidget* second, QWidget* stretched) {
+    auto* pair = new QWidget;
+    auto* layout = new QHBoxLayout(pair);
+    layout->setContentsMargins({});
+    layout->setSpacing(kRowGap);
+    layout->addWidget(first);
+    layout->addWidget(second);
+    layout->setStretchFactor(stretched, 1);
+    return pair;
+}
+
+/// A click on a caption is one on what it stands for.
+void useBuddy(const QLabel& caption) {
+    QWidget* buddy = caption.buddy();
+    if (!buddy->isEnabled()) return;
+    buddy->setFocus(Qt::MouseFocusReason);
+    if (auto* box = qobject_cast<QCheckBox*>(buddy)) box->click();
+}
+
+bool takesWheel(const QWidget& widget) {
+    return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QAbstractSlider*>(&widget) ||
+           qobject_cast<const QAbstractSpinBox*>(&widget);
+}
+
+}  // namespace
+
+SettingsForm::SettingsForm(const FormPlan& plan, QWidget* parent) : QScrollArea(parent) {
+    auto* body = new QWidget;
+    columns_ = new QBoxLayout(QBoxLayout::LeftToRight, body);
+    columns_->setContentsMargins(0, 0, kRowGap, 0);
+    columns_->addWidget(makeColumn(plan.left), 1);
+    columns_->addWidget(makeColumn(plan.right), 1);
+    body->setMaximumWidth(kWidestForm * fontMetrics().averageCharWidth());
+    setFrameShape(NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setWidget(body);
+}
+
+QWidget* SettingsForm::makeColumn(const std::vector<FormSection>& sections) {
+    auto* column = new QWidget;
+    auto* grid = new QGridLayout(column);
+    grid->setContentsMargins({});
+    grid->setVerticalSpacing(kRowGap);
+    grid->setHorizontalSpacing(kCaptionGap);
+    grid->setColumnStretch(1, 1);
+    for (const FormSection& section : sections) {
+        addHeading(*grid, section.heading);
+        for (const FormRow& row : section.rows) addRow(*grid, row);
+    }
+    grid->setRowStretch(grid->rowCount(), 1);
+    return column;
+}
+
+void SettingsForm::addHeading(QGridLayout& grid, std::string_view heading) {
+    auto* label = new QLabel(shown(heading));
+    label->setTextFormat(Qt::PlainText);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    if (grid.count() > 0) label->setContentsMargins(0, kSectionGap, 0, 0);
+    grid.addWidget(label, grid.rowCount(), 0, 1, 2);
+}
+
+void SettingsForm::addRow(QGridLayout& grid, const FormRow& row) {
+    QWidget* cell = makeEditor(row);
+    Field& captioned = row.lock ? *row.lock : row.field;
+    const QString name = shown(captioned.spec().name);
+    QWidget* editor = cell->objectName() == name ? cell : cell->findChild<QWidget*>(name);
+
+    auto* caption = new QLabel;
+    if (row.title) {
+        bind(*caption, *row.title);
+        caption->setBuddy(editor);
+    } else {
+        bindCaption(*caption, *editor, captioned);
+    }
+    caption->setToolTip(editor->toolTip());
+    caption->installEventFilter(this);
+
+    const int line = grid.rowCount();
+    grid.addWidget(caption, line, 0);
+    grid.addWidget(cell, line, 1);
+}
+
+QWidget* SettingsForm::makeEditor(const FormRow& row) {
+    switch (row.field.kind()) {
+        case Field::Kind::Text: {
+            auto& field = static_cast<TextField&>(row.field);
+            return row.lock ? makePassword(*row.lock, field) : makeText(field, row.typed);
+        }
+        case Field::Kind::List: return makeList(static_cast<ListField&>(row.field));
+        case Field::Kind::Slider: return makeSlider(static_cast<SliderField&>(row.field));
+        case Field::Kind::Label: {
+            auto* label = new QLabel;
+            bind(*label, static_cast<LabelField&>(row.field));
+            return label;
+        }
+        case Field::Kind::Check:
+        case Field::Kind::Number: break;
+    }
+    auto* box = new QCheckBox;
+    bind(*box, static_cast<CheckField&>(row.field));
+    return box;
+}
+
+QWidget* SettingsForm::makeText(TextField& field, Typed typed) {
+    if (!field.range()) {
+        auto* line = new QLineEdit;
+        bind(*line, field, typed);
+        return line;
+    }
+    auto* spin = new SpinText;
+    bind(*spin, field, typed);
+    spin->setFocusPolicy(Qt::StrongFocus);
+    spin->installEventFilter(this);
+    return spin;
+}
+
+QWidget* SettingsForm::makeList(ListField& field) {
+    auto* list = new QComboBox;
+    bind(*list, field);
+    // The longest entry must not decide how wide the column is.
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(kShortestList);
+    list->setFocusPolicy(Qt::StrongFocus);
+    list->installEventFilter(this);
+    return list;
+}
+
+QWidget* SettingsForm::makeSlider(SliderField& field) {
+    auto* slider = new QSlider(Qt::Horizontal);
+    bind(*slider, field);
+    slider->setFocusPolicy(Qt::StrongFocus);
+    slider->installEventFilter(this);
+
+    auto* value = new QLabel(QString::number(field.range()->max));
+    value->setMinimumWidth(value->sizeHint().width());
+    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    const auto show = [value, &field] { value->setNum(field.position()); };
+    show();
+    listen(value, field.changed, show);
+    return sideBySide(slider, value, slider);
+}
+
+QWidget* SettingsForm::makePassword(CheckField& lock, TextField& field) {
+    auto* box = new QCheckBox;
+    bind(*box, lock);
+    auto* line = new QLineEdit;
+    line->setEchoMode(QLineEdit::Password);
+    bind(*line, field);
+    return sideBySide(box, line, line);
+}
+
+bool SettingsForm::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) arrangeColumns();
+    if (event->type() == QEvent::MouseButtonRelease) {
+        const auto* caption = qobject_cast<QLabel*>(watched);
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (caption && mouse->button() == Qt::LeftButton && caption->rect().contains(mouse->pos())) useBuddy(*caption);
+    }
+    if (event->type() == QEvent::Wheel) {
+        // Who scrolls the tab must not change what happens to pass under the mouse.
+        const auto* editor = qobject_cast<QWidget*>(watched);
+        if (editor && takesWheel(*editor) && !editor->hasFocus()) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
+void SettingsForm::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    arrangeColumns();
+}
+
+void SettingsForm::arrangeColumns() {
+    int needed = kColumnGap + columns_->contentsMargins().right();
+    for (int i = 0; i < columns_->count(); ++i) needed += columns_->itemAt(i)->minimumSize().width();
+    // The scroll bar counts whether it is there or not: its coming must not decide over its going.
+    const bool fits = needed <= width() - verticalScrollBar()->sizeHint().width();
+    columns_->setSpacing(fits ? kColumnGap : kSectionGap + kRowGap);
+    columns_->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+}  // namespace gatehouse

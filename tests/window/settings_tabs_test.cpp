@@ -1,0 +1,110 @@
+#include "window/tabs/settings_tabs.h"
+
+#include "config/settings_document.h"
+#include "window/widgets/spin_text.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+namespace gatehouse {
+namespace {
+
+/// What a widget shows, in the field's own text form.
+std::string shownBy(const QWidget& widget) {
+    if (auto* box = qobject_cast<const QCheckBox*>(&widget)) return box->isChecked() ? "1" : "0";
+    if (auto* list = qobject_cast<const QComboBox*>(&widget)) return std::to_string(list->currentIndex());
+    if (auto* slider = qobject_cast<const QSlider*>(&widget)) return std::to_string(slider->value());
+    if (auto* label = qobject_cast<const QLabel*>(&widget)) return label->text().toStdString();
+    if (auto* spin = qobject_cast<const SpinText*>(&widget)) return spin->text().toStdString();
+    return dynamic_cast<const QLineEdit&>(widget).text().toStdString();
+}
+
+class SettingsTabsTest : public testing::Test {
+protected:
+    SettingsTabsTest() {
+        doc.modcombo.setChoices({{"one", 0}, {"two", 1}});
+        doc.q3gametype.setChoices({{"one", 0}, {"two", 1}});
+        for (auto make : {makeServerTab, makeVideoTab, makeTweak1Tab, makeTweak2Tab}) {
+            tabs.emplace_back(make(doc));
+            tabs.back()->resize(400, 200);
+            tabs.back()->show();
+        }
+    }
+
+    template <class Check>
+    void forEachField(Check check) {
+        FieldGroup* groups[] = {&doc.server, &doc.video, &doc.tweak1, &doc.tweak2};
+        for (std::size_t i = 0; i < tabs.size(); ++i)
+            for (Field* field : groups[i]->fields) {
+                SCOPED_TRACE(field->name());
+                const auto widgets = tabs[i]->findChildren<QWidget*>(QString::fromStdString(field->name()));
+                ASSERT_EQ(widgets.size(), 1);
+                check(*field, *widgets.front());
+            }
+    }
+
+    SettingsDocument doc;
+    std::vector<std::unique_ptr<QWidget>> tabs;
+};
+
+TEST_F(SettingsTabsTest, EveryFieldIsOnItsTabOnceAndFollowsItsWidgetAndTheOtherWayRound) {
+    forEachField([](Field& field, QWidget& widget) {
+        const std::string before = field.valueText();
+        if (field.kind() == Field::Kind::Check) {
+            QTest::keyClick(&widget, Qt::Key_Space);
+        } else if (field.kind() == Field::Kind::Text) {
+            QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(&widget, "321");
+        } else if (field.kind() != Field::Kind::Label) {
+            QTest::keyClick(&widget, Qt::Key_End);
+            if (field.valueText() == before) QTest::keyClick(&widget, Qt::Key_Home);
+        }
+        EXPECT_EQ(field.valueText() == before, field.kind() == Field::Kind::Label);
+        EXPECT_EQ(shownBy(widget), field.valueText());
+        field.setValueText(field.kind() == Field::Kind::Label ? "Caps:" : "1");
+        EXPECT_EQ(shownBy(widget), field.valueText());
+    });
+}
+
+TEST_F(SettingsTabsTest, TabGoesThroughTheFieldsDownwardsAndScrollsToThem) {
+    QWidget& tab = *tabs[0];
+    tab.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&tab));
+    auto* first = tab.findChild<QWidget*>("q3hostname");
+    first->setFocus();
+    int last = 0, stops = 0;
+    do {
+        const QWidget& focused = *QApplication::focusWidget();
+        EXPECT_FALSE(focused.visibleRegion().isEmpty()) << focused.objectName().toStdString();
+        // The window is too narrow for two columns: they stand below each other.
+        const int middle = focused.mapTo(&tab, focused.rect().center()).y() - first->mapTo(&tab, QPoint()).y();
+        EXPECT_GE(middle, last - 3) << focused.objectName().toStdString();  // a check and a line may share a row
+        last = middle;
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    } while (QApplication::focusWidget() != first && ++stops < 100);
+    EXPECT_EQ(stops + 1, static_cast<int>(doc.server.fields.size()) - 1);  // all but the label
+}
+
+TEST_F(SettingsTabsTest, ACaptionComesAndGoesWithItsFieldAndTicksItsBox) {
+    auto* box = tabs[0]->findChild<QCheckBox*>("fgame");
+    for (QLabel* label : tabs[0]->findChildren<QLabel*>()) {
+        if (label->buddy() != box) continue;
+        QTest::mouseClick(label, Qt::LeftButton);
+        EXPECT_EQ(doc.fgame.value(), 1);
+        doc.fgame.visible.set(false);
+        EXPECT_TRUE(label->isHidden() && box->isHidden());
+        return;
+    }
+    ADD_FAILURE() << "no caption";
+}
+
+}  // namespace
+}  // namespace gatehouse
