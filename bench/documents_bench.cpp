@@ -36,6 +36,20 @@ void LoadDocument(benchmark::State& state) {
 }
 BENCHMARK(LoadDocument);
 
+/// A hostile document of many megabytes: the time is to grow with the size and no faster.
+void LoadLargeDocument(benchmark::State& state) {
+    Started started;
+    const std::string lines = "maps q3dm1 \"Arena Gate\"\r\nbots Sarge \"3Red\"\r\n" +
+                              fake::crlf(std::vector<std::string>(200, "bind W|W \"Moonwalk|kw\"")) +
+                              "seta sv_hostname \"" + std::string(2000, ' ') + "\"\r\n";
+    std::string text;
+    while (text.size() < static_cast<std::size_t>(state.range(0)) << 20) text += lines;
+    started.world.files.put("C:\\gh\\large.ghc", text);
+    for (auto _ : state) benchmark::DoNotOptimize(started.program.documents.loadConfig("C:\\gh\\large.ghc"));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+BENCHMARK(LoadLargeDocument)->Arg(2)->Arg(20);
+
 void WriteDocument(benchmark::State& state) {
     Started started;
     for (auto _ : state) started.program.documents.writeConfig("C:\\gh\\copy.ghc");

@@ -11,7 +11,7 @@ namespace gatehouse {
 template <std::size_t N>
 class ToolButtons {
 public:
-    explicit ToolButtons(bool enabled) {
+    void setAll(bool enabled) {
         for (auto& one : buttons_) one.set(enabled);
     }
     Observable<bool>& operator[](std::size_t number) { return buttons_.at(number - 1); }
@@ -23,18 +23,27 @@ private:
 
 /// Which commands can run now: one flag each, read by menu entry, tool button and test alike.
 struct CommandFlags {
-    Observable<bool> mfilerun{true};  ///< the menu entry and button 5 of the main tool bar
-    ToolButtons<3> btbar{true};       ///< play, pause, stop
-    ToolButtons<5> tbservers{false};  ///< add, delete, query, players, mod options
-    ToolButtons<2> mtool1{false};     ///< move up, move down
-    ToolButtons<2> mtool2{false};     ///< remove from rotation, add to rotation
-    Observable<bool> q3botlist{true};
-    Observable<bool> q3botadd{true};
-    Observable<bool> q3botdel{true};
+    Observable<bool> mfilerun;   ///< the menu entry and button 5 of the main tool bar
+    ToolButtons<3> btbar;        ///< play, pause, stop
+    ToolButtons<5> tbservers;    ///< add, delete, query, players, mod options
+    ToolButtons<2> mtool1;       ///< move up, move down
+    ToolButtons<2> mtool2;       ///< remove from rotation, add to rotation
+    Observable<bool> q3botlist;
+    Observable<bool> q3botadd;
+    Observable<bool> q3botdel;
 
-    CommandFlags() {
+    CommandFlags() { restoreDesign(); }
+
+    /// What can run before anything is loaded.
+    void restoreDesign() {
+        mfilerun.set(true);
+        btbar.setAll(true);
+        tbservers.setAll(false);
         tbservers[1].set(true);
+        mtool1.setAll(false);
+        mtool2.setAll(false);
         mtool2[2].set(true);
+        for (Observable<bool>* flag : {&q3botlist, &q3botadd, &q3botdel}) flag->set(true);
     }
 
     /// Enables or disables every command that starts the game.

@@ -50,7 +50,8 @@ double numberValue(std::string number) {
     double value = 0;
     const auto result = std::from_chars(view.data(), view.data() + view.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        const bool tiny = view.find("e-") != std::string_view::npos;
+        const bool below1 = view.find_first_not_of("-0") == view.find('.');
+        const bool tiny = below1 || view.find("e-") != std::string_view::npos;
         const double limit = tiny ? 0.0 : std::numeric_limits<double>::max();
         return view.starts_with('-') ? -limit : limit;
     }

@@ -23,10 +23,11 @@ namespace gatehouse {
 /// 200 characters) and what is wrong with it.
 class DocumentFailure : public RuntimeFailure {
 public:
-    DocumentFailure(std::string path, long lineNumber, std::string line, std::string_view reason);
+    DocumentFailure(std::string path, long lineNumber, const std::string& line, std::string_view reason);
 
     const std::string& path() const { return path_; }
     long lineNumber() const { return lineNumber_; }
+    /// Its first 200 characters.
     const std::string& line() const { return line_; }
 
 private:
@@ -71,6 +72,9 @@ public:
     void mfileopen_Click();
     void mfilesave_Click();
 
+    /// Where default.ghc is looked for.
+    std::string defaultPath() const;
+
 private:
     /// Lines that go to the file together, and what is logged behind them.
     struct Section {
@@ -93,7 +97,6 @@ private:
     /// The row of that upper-cased key, or nothing.
     static const DocumentRow* findRow(const std::vector<DocumentRow>& rows, const std::string& key);
 
-    std::string defaultPath() const;
     void chooseDocument(const std::string& path);
 
     DocumentParts parts_;

@@ -1,6 +1,7 @@
 #include "config/filescfg.h"
 
 #include "base/text.h"
+#include "config/default_document.h"
 
 namespace gatehouse {
 
@@ -16,7 +17,7 @@ std::string folderOf(const std::string& path) {
 
 }  // namespace
 
-std::string ConfigDocuments::defaultPath() const { return trim(parts_.ghcdir.text()) + "default.ghc"; }
+std::string ConfigDocuments::defaultPath() const { return trim(parts_.ghcdir.text()).append(kDefaultDocument); }
 
 void ConfigDocuments::chooseDocument(const std::string& path) {
     parts_.run.CurrentConfigPath = path;

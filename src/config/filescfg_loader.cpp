@@ -34,13 +34,23 @@ bool isSkipped(std::string_view line) {
     return line.starts_with("//") || line.find_first_not_of(' ') == std::string_view::npos;
 }
 
+/// The next line with its number; a fault of the reading is the document's.
+bool readLine(TextReader& file, const std::string& path, long& number, std::string& line) {
+    try {
+        ++number;
+        return file.readLine(line);
+    } catch (const RuntimeFailure& failure) {
+        throw DocumentFailure(path, number, "", failure.what());
+    }
+}
+
 }  // namespace
 
-DocumentFailure::DocumentFailure(std::string path, long lineNumber, std::string line, std::string_view reason)
+DocumentFailure::DocumentFailure(std::string path, long lineNumber, const std::string& line, std::string_view reason)
     : RuntimeFailure(failureText(path, lineNumber, line, reason)),
       path_(std::move(path)),
       lineNumber_(lineNumber),
-      line_(std::move(line)) {}
+      line_(left(line, kShown)) {}
 
 bool ConfigDocuments::loadConfig(const std::string& path) {
     SettingsDocument& doc = parts_.doc;
@@ -50,6 +60,7 @@ bool ConfigDocuments::loadConfig(const std::string& path) {
     log.logEvent("Trying to load " + path);
     doc.q3botlist.clear();
     doc.maplist.clear();
+    // No event and no new game types if row 0 stands already: a field tells of real changes only.
     if (!doc.modcombo.choices().empty()) doc.modcombo.setIndex(0);
 
     std::unique_ptr<TextReader> file;
@@ -62,14 +73,15 @@ bool ConfigDocuments::loadConfig(const std::string& path) {
     log.logEvent("Opened OK");
 
     std::string line;
-    long number = 1;
-    try {
-        for (; file->readLine(line); ++number) {
+    long number = 0;
+    while (readLine(*file, path, number, line)) {
+        try {
             applyLine(line);
-            line.clear();
+        } catch (const FileFailure&) {
+            throw;  // a log that can't be written is no fault of the document
+        } catch (const RuntimeFailure& failure) {
+            throw DocumentFailure(path, number, line, failure.what());
         }
-    } catch (const RuntimeFailure& failure) {
-        throw DocumentFailure(path, number, line, failure.what());
     }
     // Once for all rows: nobody looks at their order before.
     sortRotation(doc.maplist);
@@ -137,12 +149,13 @@ void ConfigDocuments::parseMaps(const std::string& key, const std::string& value
 void ConfigDocuments::parseBase(std::string key, const std::string& value) {
     key = upper(key);
     if (key != "CFGTYPE") return;
-    RunState& run = parts_.run;
-    run.CurrentMode.set(addInt16(valInt16(value), 1));
-    const bool canRun = parts_.host.hasServers() || run.CurrentMode.get() != kConnect;
+    const std::int16_t mode = addInt16(valInt16(value), 1);
+    if (mode < kConnect || mode > kBenchmark) throw RuntimeFailure("There is no mode " + std::to_string(mode));
+    parts_.run.CurrentMode.set(mode);
+    const bool canRun = parts_.host.hasServers() || mode != kConnect;
     parts_.flags.SetRunEnabled(canRun);
     parts_.flags.tbservers[2].set(canRun);
-    parts_.host.sbar_GroupClick(run.CurrentMode.get());
+    parts_.host.sbar_GroupClick(mode);
 }
 
 void ConfigDocuments::parseSrvr(std::string key, const std::string& value) {

@@ -5,8 +5,10 @@
 #include "base/text.h"
 #include "content/standard_maps.h"
 #include "platform/files.h"
+#include "platform/replaced_file.h"
 
 #include <array>
+#include <optional>
 #include <string_view>
 #include <unordered_set>
 #include <vector>
@@ -108,21 +110,21 @@ void MapCatalog::loadUserMaps() {
 
 void MapCatalog::saveUserMaps() {
     log_.logEvent("Saving usermaps.txt");
-    std::vector<std::string> lines(kHeaderLines.begin(), kHeaderLines.end());
+    std::string text;
+    for (const auto line : kHeaderLines) text.append(line).append(kCrLf);
     for (int position = 1; position <= maptree.count(); ++position) {
         const MapEntry& node = maptree.at(position);
-        if (startsWith(node.key, kUserPrefix)) lines.push_back(node.text);
+        if (startsWith(node.key, kUserPrefix)) text.append(node.text).append(kCrLf);
     }
-    std::unique_ptr<TextWriter> file;
+    std::optional<ReplacedFile> file;
     try {
-        file = files_.createText(userMapsPath());
+        file.emplace(files_, userMapsPath());
     } catch (const FileFailure&) {
         log_.logEvent("Couldn't write to usermaps.txt");
         return;
     }
     log_.logEvent("File opened OK");
-    for (const std::string& line : lines) file->writeLine(line);
-    file->close();
+    file->finish(text);
     log_.logEvent(std::to_string(maptree.count() - kFixedNodes) + " maps written OK");
 }
 

@@ -1,6 +1,7 @@
 #include "servers/filesmisc.h"
 
 #include "base/text.h"
+#include "platform/replaced_file.h"
 
 #include <array>
 #include <limits>
@@ -75,15 +76,16 @@ void ServerLists::LoadServerList(std::string& name) {
         name = kDefaultList;
     }
     const std::string path = ghcdir_.text() + name;
+    std::unique_ptr<TextReader> file;
     try {
-        const auto file = files_.openText(path);
-        log_.logEvent("File opened OK");
-        run_.CurrentServerList = name;
-        readRows(*file);
+        file = files_.openText(path);
     } catch (const FileFailure&) {
         log_.logEvent("Couldn't read from " + path, true);
         return;
     }
+    log_.logEvent("File opened OK");
+    run_.CurrentServerList = name;
+    readRows(*file);
     run_.ServerListChanged = false;
     iplist_.setSortState({.sorted = true, .key = kPingColumn, .descending = false});
     iplist_.sort(serverColumn);
@@ -108,17 +110,19 @@ void ServerLists::readRows(TextReader& file) {
 void ServerLists::SaveServerList(const std::string& name) {
     log_.logEvent("Saving servers list");
     const std::string path = ghcdir_.text() + name;
-    std::vector<std::string> lines(kHeaderLines.begin(), kHeaderLines.end());
-    for (int position = 1; position <= iplist_.count(); ++position) lines.push_back(serverLine(iplist_.at(position)));
+    std::string text;
+    for (const auto line : kHeaderLines) text.append(line).append(kCrLf);
+    for (int position = 1; position <= iplist_.count(); ++position)
+        text.append(serverLine(iplist_.at(position))).append(kCrLf);
+    std::optional<ReplacedFile> file;
     try {
-        const auto file = files_.createText(path);
-        log_.logEvent("File created OK");
-        for (const std::string& line : lines) file->writeLine(line);
-        file->close();
+        file.emplace(files_, path);
     } catch (const FileFailure&) {
         log_.logEvent("Couldn't create file: " + path, true);
         return;
     }
+    log_.logEvent("File created OK");
+    file->finish(text);
     log_.logEvent(std::to_string(iplist_.count()) + " servers saved");
     run_.ServerListChanged = false;
 }

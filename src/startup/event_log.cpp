@@ -55,10 +55,6 @@ void EventLog::logMessage(std::string& message, bool serious) {
     }
 }
 
-void EventLog::writeErrorLine(const std::string& line) {
-    if (run_.LogOpen) logStream_->writeLine(line);
-}
-
 void EventLog::purge(const std::string& keeplogs) {
     logEvent("purging old logs");
     options_.q3keeplogs.setText(keeplogs);

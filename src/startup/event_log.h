@@ -24,8 +24,6 @@ public:
     void logEvent(std::string_view message, bool serious = false) override;
     /// With the console on, the message comes back as it was shown: with elapsed seconds, in lower case.
     void logMessage(std::string& message, bool serious);
-    /// Writes a line straight to the log file, if one is open.
-    void writeErrorLine(const std::string& line);
 
     /// Deletes the oldest logs beyond the number to keep and opens this run's file. False if that can't be made.
     bool purgeAndCreate(const std::string& keeplogs);

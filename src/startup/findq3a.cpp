@@ -15,8 +15,7 @@ constexpr std::size_t kLongPath = 31;  // from this length on, a path is shown s
 std::string gameFolderOf(const std::string& executablePath) {
     const std::string path = trim(executablePath);
     if (path.size() < kGameExecutable.size())
-        throw RuntimeFailure("The game's place is not known: " + quoted(path) + " is no path of " +
-                             std::string(kGameExecutable));
+        throw RuntimeFailure("The game's place is not known: no " + std::string(kGameExecutable) + " was chosen");
     return trim(cut(path, 0, static_cast<long>(kGameExecutable.size())));
 }
 

@@ -6,6 +6,9 @@
 #include "platform/event_loop.h"
 #include "platform/files.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace gatehouse {
 
 Gatehouse::Gatehouse(const Services& services, std::string programFolder)
@@ -34,7 +37,9 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
 
 void Gatehouse::selectModel(const std::string& path) {
     if (!models.selectModel(path)) return;
-    doc.currmodel.setText(models.fullPath(models.mdltree.current()));
+    std::string choice = models.selectedModel();
+    std::replace(choice.begin(), choice.end(), '\\', '/');
+    doc.currmodel.setText(choice);
 }
 
 void Gatehouse::mtoolsconsole_Click() {
@@ -64,7 +69,11 @@ void Gatehouse::closeAllWindows() {
     iplist.clear();
     maps.maptree.clear();
     models.mdltree.clear();
+    mods.clear();
+    flags.restoreDesign();
+    run.CurrentMode.set(kConnect);
     run.title.set("Gatehouse: ");
+    run.ConfigChanged = false;  // putting the fields back has set it
     if (ready_) services_.events.endWaits();
     closing_ = false;
 }
@@ -120,14 +129,13 @@ std::string Gatehouse::handleFatal(const std::exception& failure, bool canShow) 
             line += "; what was not saved is in " + rescue;
         });
     }
-    if (canShow && !closing_) attempt([&] {
-            services_.dialogs.show({.title = "Gatehouse", .text = line, .icon = Icon::Stop});
-        });
+    const auto show = [&] { services_.dialogs.show({.title = "Gatehouse", .text = line, .icon = Icon::Stop}); };
+    if (canShow && !closing_) attempt(show);
     return line;
 }
 
 void Gatehouse::mendOptions(const DocumentFailure& failure) {
-    const std::string standard = defaultDocument();
+    const std::string standard = documents.defaultPath();
     const bool isDefault = equalNoCase(failure.path(), standard);
     if (equalNoCase(failure.path(), store.getOption("lastcfg", standard))) store.setOption("lastcfg", standard);
     if (!isDefault) return;

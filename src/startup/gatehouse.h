@@ -103,7 +103,6 @@ private:
     void chooseDocument();
     bool loadChosenDocument();
     void showMainWindow();
-    std::string defaultDocument() const;
 
     void benchmark();
     void mendOptions(const DocumentFailure& failure);

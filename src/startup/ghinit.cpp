@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "config/bindings.h"
+#include "config/default_document.h"
 #include "platform/clock.h"
 #include "platform/desktop_windows.h"
 #include "platform/dialogs.h"
@@ -16,7 +17,6 @@ namespace gatehouse {
 namespace {
 
 constexpr int kYieldsBeforeReady = 100;
-constexpr std::string_view kDefaultDocument = "default.ghc";
 
 /// What the list "When Gatehouse Starts," offers.
 enum StartWith { kLastFile, kDefaultFile, kChooseFile };
@@ -165,7 +165,6 @@ void Gatehouse::firstTimeSetup() {
     options.q3runoptions.setIndex(0);
     options.q3overwrite.setIndex(0);
     optionKeeper.storeFirstRun(options.q3FilePath.text());
-    run.CurrentServerList = store.getOption("lastsvr", "");
     log.logEvent("Registry setup OK");
     documents.writeDefaultConfig();
     finder.backupGameConfig(run.GameDir);
@@ -189,19 +188,17 @@ void Gatehouse::findMods() {
     maps.loadUserMaps();
 }
 
-std::string Gatehouse::defaultDocument() const { return trim(options.ghcdir.text()) + std::string(kDefaultDocument); }
-
 void Gatehouse::chooseDocument() {
     if (!run.CommandLine.empty()) {
         run.CurrentConfigPath = cut(run.CommandLine, 2, 0);
-        if (!services_.files.fileExists(run.CurrentConfigPath)) run.CurrentConfigPath = defaultDocument();
+        if (!services_.files.fileExists(run.CurrentConfigPath)) run.CurrentConfigPath = documents.defaultPath();
         return;
     }
-    run.CurrentConfigPath = store.getOption("lastcfg", defaultDocument());
+    run.CurrentConfigPath = store.getOption("lastcfg", documents.defaultPath());
     const int startWith = options.q3startwith.index();
-    if (startWith == kDefaultFile || startWith == kChooseFile) run.CurrentConfigPath = defaultDocument();
+    if (startWith == kDefaultFile || startWith == kChooseFile) run.CurrentConfigPath = documents.defaultPath();
     if (startWith == kChooseFile) documents.mfileopen_Click();
-    if (run.CurrentConfigPath.empty()) run.CurrentConfigPath = defaultDocument();
+    if (run.CurrentConfigPath.empty()) run.CurrentConfigPath = documents.defaultPath();
 }
 
 bool Gatehouse::loadChosenDocument() {
@@ -217,7 +214,7 @@ bool Gatehouse::loadChosenDocument() {
     }
     log.logEvent("Trying default.ghc", true);
     store.setOption("lastcfg", std::string(kDefaultDocument));
-    run.CurrentConfigPath = defaultDocument();
+    run.CurrentConfigPath = documents.defaultPath();
     if (documents.loadConfig(run.CurrentConfigPath)) return true;
     log.logEvent("No default.ghc available. Writing new default.ghc", true);
     documents.writeDefaultConfig();

@@ -2,17 +2,24 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "config/default_document.h"
 #include "startup/findq3a.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace gatehouse {
 
 /// One option: its key, where it goes, and its values.
 struct OptionKeeper::Row {
     std::string_view key;
-    Field* field = nullptr;            ///< nothing: a value of the run
-    std::string* runValue = nullptr;
-    std::string readDefault;
+    int firstRunPlace = 0;         ///< where a first run stores it
     std::string firstRun;
+    std::string readDefault = {};
+    // Where it is read into; nowhere if all three are missing.
+    Field* field = nullptr;
+    std::string* runText = nullptr;
+    Observable<bool>* runFlag = nullptr;
     bool storedOnChange = false;
 };
 
@@ -20,44 +27,51 @@ OptionKeeper::OptionKeeper(OptionsForm& form, OptionStore& store, Log& log, RunS
     : form_(form), store_(store), log_(log), run_(run) {}
 
 std::vector<OptionKeeper::Row> OptionKeeper::rows() const {
-    const auto kept = [](std::string_view key, Field& field, std::string value) {
-        return Row{key, &field, nullptr, value, value, true};
+    const auto kept = [](std::string_view key, int place, Field& field, std::string value) {
+        return Row{key, place, value, value, &field, nullptr, nullptr, true};
     };
+    // In the order in which they are read.
     return {
-        {"exepath", &form_.q3FilePath, nullptr, "none", form_.q3FilePath.text(), false},
-        kept("startwith", form_.q3startwith, "0"),
-        kept("runoptions", form_.q3runoptions, "0"),
-        kept("overwrite", form_.q3overwrite, "0"),
-        kept("pingwait", form_.q3pingwait, "3"),
-        kept("loglevel", form_.q3loglevel, "0"),
-        kept("buffsize", form_.q3buffsize, "4096"),
-        kept("keeplogs", form_.q3keeplogs, "5"),
-        kept("extracmdline", form_.extracmdline, ""),
-        {"ghcdir", &form_.ghcdir, nullptr, run_.AppDir, run_.AppDir, false},
-        kept("staleaction", form_.q3staleaction, "0"),
-        kept("democount", form_.democount, "3"),
-        kept("benchwait", form_.q3bwait, "5"),
-        {"basedir", nullptr, &run_.GameDir, "none", run_.GameDir, false},
-        {"lastsvr", nullptr, &run_.CurrentServerList, "default.ghs", "default.ghs", false},
+        {"exepath", 1, form_.q3FilePath.text(), "none", &form_.q3FilePath},
+        kept("startwith", 6, form_.q3startwith, "0"),
+        kept("runoptions", 7, form_.q3runoptions, "0"),
+        kept("overwrite", 8, form_.q3overwrite, "0"),
+        kept("pingwait", 9, form_.q3pingwait, "3"),
+        kept("loglevel", 13, form_.q3loglevel, "0"),
+        kept("buffsize", 14, form_.q3buffsize, "4096"),
+        kept("keeplogs", 15, form_.q3keeplogs, "5"),
+        kept("extracmdline", 17, form_.extracmdline, ""),
+        {"ghcdir", 3, run_.AppDir, run_.AppDir, &form_.ghcdir},
+        kept("staleaction", 11, form_.q3staleaction, "0"),
+        kept("democount", 16, form_.democount, "3"),
+        kept("benchwait", 10, form_.q3bwait, "5"),
+        {"basedir", 2, run_.GameDir, "none", nullptr, &run_.GameDir},
+        {"showconsole", 12, "0", "0", nullptr, nullptr, &run_.ShowConsole},
+        {"lastsvr", 5, "default.ghs", "default.ghs", nullptr, &run_.CurrentServerList},
+        {"lastcfg", 4, run_.AppDir + std::string(kDefaultDocument)},
+        {"ghversion", 18, run_.VersionString},
     };
 }
 
 void OptionKeeper::read() {
     for (const Row& row : rows()) {
+        if (!row.field && !row.runText && !row.runFlag) continue;
         const std::string text = store_.getOption(std::string(row.key), row.readDefault);
         if (row.field) row.field->setValueText(text);
-        if (row.runValue) *row.runValue = text;
+        if (row.runText) *row.runText = text;
+        if (row.runFlag) row.runFlag->set(strictBoolean(text));
     }
-    run_.ShowConsole.set(strictBoolean(store_.getOption("showconsole", "0")));
 }
 
 void OptionKeeper::storeFirstRun(const std::string& exepath) {
     form_.q3FilePath.setText(exepath);
     run_.GameDir = gameFolderOf(exepath);
-    for (const Row& row : rows()) store_.setOption(std::string(row.key), row.firstRun);
-    store_.setOption("lastcfg", run_.AppDir + "default.ghc");
-    store_.setOption("showconsole", "0");
-    store_.setOption("ghversion", run_.VersionString);
+    std::vector<Row> inOrder = rows();
+    std::sort(inOrder.begin(), inOrder.end(), [](const Row& a, const Row& b) { return a.firstRunPlace < b.firstRunPlace; });
+    for (const Row& row : inOrder) {
+        store_.setOption(std::string(row.key), row.firstRun);
+        if (row.runText) *row.runText = row.firstRun;
+    }
 }
 
 void OptionKeeper::keepChanges() {

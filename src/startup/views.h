@@ -43,6 +43,8 @@ struct MainView {
     void restoreDesign() {
         visible.set(false);
         loaded = false;
+        width.set(kWidth);
+        height.set(kHeight);
         q3status.set("");
         q3console.set("");
     }

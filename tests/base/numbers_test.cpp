@@ -20,6 +20,7 @@ TEST(Numbers, ValReadsTheLongestNumberAtTheStart) {
     };
     for (const auto& one : cases) EXPECT_DOUBLE_EQ(val(one.text), one.value) << one.text;
     EXPECT_GT(val("1e999999"), 1e300);
+    EXPECT_EQ(val("0." + std::string(400, '0') + "1"), 0);
     EXPECT_EQ(val(std::string(1000000, '9') + "e-9999999"), val(std::string(4096, '9')));
 }
 

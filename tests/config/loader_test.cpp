@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -151,7 +150,7 @@ TEST(Loader, LinesThatCantBeTakenNameFileNumberAndLine) {
         } catch (const DocumentFailure& failure) {
             EXPECT_EQ(failure.path(), DocumentDesk::kPath);
             EXPECT_EQ(failure.lineNumber(), 4);
-            EXPECT_EQ(failure.line(), line);
+            EXPECT_EQ(failure.line(), line.substr(0, 200));
             EXPECT_TRUE(std::string(failure.what()).starts_with(DocumentDesk::kPath + ", line 4: " + shown))
                 << failure.what();
             EXPECT_LT(std::string(failure.what()).size(), 500u);
@@ -402,25 +401,6 @@ TEST(Loader, HunkSizeShowsItsBoxInMidLoad) {
     EXPECT_EQ(desk.doc.q3hunksize.text(), "26");
     EXPECT_EQ(desk.doc.q3serverport.text(), "1");
     EXPECT_FALSE(desk.run.ConfigChanged);
-}
-
-TEST(Loader, TimeGrowsWithTheSize) {
-    DocumentDesk desk;
-    const auto seconds = [&desk](std::size_t megabytes) {
-        std::string text;
-        const std::string lines = "maps q3dm1 \"Arena Gate\"\r\nbots Sarge \"3Red\"\r\n" +
-                                  fake::crlf(std::vector<std::string>(200, "bind W|W \"Moonwalk|kw\"")) +
-                                  "seta sv_hostname \"" + std::string(2000, ' ') + "\"\r\n";
-        while (text.size() < megabytes << 20) text += lines;
-        text += "seta sv_hostname \"" + std::string(megabytes << 20, '"') + "\"\r\n";
-        desk.world.files.put(DocumentDesk::kPath, text);
-        const auto start = std::chrono::steady_clock::now();
-        EXPECT_TRUE(desk.documents.loadConfig(DocumentDesk::kPath));
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    };
-    seconds(1);
-    const double small = seconds(2);
-    EXPECT_LT(seconds(20), 30 * small + 0.5);
 }
 
 }  // namespace

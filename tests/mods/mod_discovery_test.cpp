@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 
 namespace gatehouse {
 namespace {
@@ -91,9 +90,7 @@ TEST_F(ModDiscoveryTest, HostileArchivesAreOnlyLookedAt) {
     putArchive("C:\\q3\\evil\\evil.pk3", entries);
     int labels = 0;
     discovery.q3getmods.modlabel.changed.connect([&labels] { ++labels; });
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(found(), "evil=evil ");
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
     EXPECT_EQ(labels, 1);
     EXPECT_LE(discovery.q3getmods.modprog.get(), discovery.q3getmods.modprogMax.get());
     EXPECT_EQ(world.files.paths(), (std::vector<std::string>{"C:\\q3\\evil\\evil.pk3"}));

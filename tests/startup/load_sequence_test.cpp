@@ -224,6 +224,42 @@ TEST_F(LoadSequenceTest, ADiskThatFillsUpInASaveLeavesARescueCopyEvenOfAnUnchang
     EXPECT_NE(world.files.content("C:\\gh\\rescue.ghc").find("seta sv_hostname \"noname\""), std::string::npos);
 }
 
+TEST_F(LoadSequenceTest, ALogThatCannotBeWrittenIsNoFaultOfTheDocument) {
+    writeDefault();
+    program.StartupDriver();
+    for (int failAt = 1; failAt <= 4; ++failAt) {
+        world.files.failAtChange = failAt;
+        try {
+            program.documents.loadConfig("C:\\gh\\default.ghc");
+            FAIL() << "the fault was not reached";
+        } catch (const RuntimeFailure& failure) {
+            program.handleFatal(failure, false);
+        }
+        EXPECT_TRUE(world.files.fileExists("C:\\gh\\default.ghc")) << failAt;
+    }
+}
+
+TEST_F(LoadSequenceTest, ClosingAllWindowsPutsEverythingBack) {
+    writeDefault();
+    Gatehouse fresh(world.services, "C:\\gh");
+    program.StartupDriver();
+    program.closeAllWindows();
+    EXPECT_FALSE(program.run.ConfigChanged);
+    EXPECT_EQ(program.run.CurrentMode.get(), fresh.run.CurrentMode.get());
+    EXPECT_EQ(program.flags.mfilerun.get(), fresh.flags.mfilerun.get());
+    EXPECT_EQ(program.flags.mtool1[1].get(), fresh.flags.mtool1[1].get());
+    EXPECT_EQ(program.mods.modCount(), 0);
+    EXPECT_EQ(program.doc.bindlist.count(), 0);
+    const auto groups = program.doc.groups();
+    const auto freshGroups = fresh.doc.groups();
+    for (std::size_t group = 0; group < groups.size(); ++group) {
+        for (std::size_t i = 0; i < groups[group]->fields.size(); ++i) {
+            const Field& field = *groups[group]->fields[i];
+            EXPECT_EQ(field.valueText(), freshGroups[group]->fields[i]->valueText()) << field.name();
+        }
+    }
+}
+
 TEST_F(LoadSequenceTest, ADocumentThatCannotBeReadDoesNotStopTheNextStart) {
     writeDefault();
     world.files.put("C:\\gh\\broken.ghc", "seta cl_run \"yes\"\r\n");

@@ -188,6 +188,7 @@ void SideBar::makeMenu() {
 
 void SideBar::showMode(std::int16_t mode) {
     const auto current = static_cast<std::size_t>(mode - 1);
+    if (current >= lists_.size()) return;
     bool hadFocus = false;
     for (std::size_t i = 0; i < headers_.size(); ++i) {
         headers_[i]->setChecked(i == current);
