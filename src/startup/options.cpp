@@ -27,7 +27,7 @@ OptionKeeper::OptionKeeper(OptionsForm& form, OptionStore& store, Log& log, RunS
     : form_(form), store_(store), log_(log), run_(run) {}
 
 std::vector<OptionKeeper::Row> OptionKeeper::rows() const {
-    const auto kept = [](std::string_view key, int place, Field& field, std::string value) {
+    const auto kept = [](std::string_view key, int place, Field& field, const std::string& value) {
         return Row{key, place, value, value, &field, nullptr, nullptr, true};
     };
     // In the order in which they are read.
