@@ -63,12 +63,12 @@ std::string findComspec(const Processes& processes, Log& log) {
         const std::string entry = processes.environment(position);
         if (entry.empty()) break;
         if (!startsWithNoCase(entry, kVariable)) continue;
-        const std::string Comspec = entry.substr(kVariable.size());
+        std::string Comspec = entry.substr(kVariable.size());
         log.logEvent("Found comspec = " + Comspec);
         return Comspec;
     }
 
-    const std::string fallback = OsIsNt ? "c:\\winnt\\system32\\cmd.exe" : "c:\\command.com";
+    std::string fallback = OsIsNt ? "c:\\winnt\\system32\\cmd.exe" : "c:\\command.com";
     log.logEvent("Could not find comspec. Defaulting to " + fallback);
     return fallback;
 }
