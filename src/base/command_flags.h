@@ -31,6 +31,7 @@ struct CommandFlags {
     Observable<bool> q3botlist;
     Observable<bool> q3botadd;
     Observable<bool> q3botdel;
+    Observable<bool> namedBotsShown;  ///< `q3botlist` and its two buttons are to be seen
 
     CommandFlags() { restoreDesign(); }
 
@@ -43,7 +44,7 @@ struct CommandFlags {
         mtool1.setAll(false);
         mtool2.setAll(false);
         mtool2[2].set(true);
-        for (Observable<bool>* flag : {&q3botlist, &q3botadd, &q3botdel}) flag->set(true);
+        for (Observable<bool>* flag : {&q3botlist, &q3botadd, &q3botdel, &namedBotsShown}) flag->set(true);
     }
 
     /// Enables or disables every command that starts the game.

@@ -106,6 +106,16 @@ public:
         for (auto& entry : rows_) any |= std::exchange(entry.selected, false);
         if (any) selectionChanged.emit();
     }
+    /// Selects the rows for which `wanted` holds, and no others; `selectionChanged` fires once.
+    template <class Wanted>
+    void selectWhere(Wanted&& wanted) {
+        bool any = false;
+        for (int position = 1; position <= count(); ++position) {
+            const bool on = wanted(position);
+            any |= std::exchange(rows_[slot(position)].selected, on) != on;
+        }
+        if (any) selectionChanged.emit();
+    }
     int selectedCount() const {
         return static_cast<int>(std::count_if(rows_.begin(), rows_.end(), [](const Entry& e) { return e.selected; }));
     }

@@ -80,10 +80,10 @@ void GameFinder::confirmGameFile(const std::string& path) {
     if (answer == Answer::Yes) FoundGamePath_ = path;
 }
 
-std::optional<std::string> GameFinder::chooseGameFile() {
+std::optional<std::string> GameFinder::chooseGameFile(const std::string& startFolder) {
     return dialogs_.openFile({.title = "",
                               .filter = "Executable Files (*.exe)|*.exe",
-                              .startFolder = "C:\\",
+                              .startFolder = startFolder,
                               .fileName = std::string(kGameExecutable)});
 }
 

@@ -28,8 +28,8 @@ public:
 
     /// Searches all fixed disks; asks about each copy found. The confirmed path, or an empty text.
     std::string scanHardDisks();
-    /// Lets the user pick the game's executable. Nothing on cancel.
-    std::optional<std::string> chooseGameFile();
+    /// Lets the user pick the game's executable, beginning in that folder. Nothing on cancel.
+    std::optional<std::string> chooseGameFile(const std::string& startFolder = "C:\\");
     /// Copies the user's own game config aside and says so.
     void backupGameConfig(const std::string& gameDir);
 

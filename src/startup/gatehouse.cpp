@@ -27,11 +27,19 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
       serverRules(doc, run, services.dialogs),
       // A benchmark has nothing to run until configs and demos are chosen.
       modes(run, flags, doc, iplist, log, [this] { flags.SetRunEnabled(false); }),
+      playerRules(doc),
+      botsRules(doc, flags, run),
+      keyRules(doc.bindlist, run, log),
+      rotationRules(doc.maplist, maps.maptree, flags, run, log),
+      tabReset({services.dialogs, log, run, flags, doc, iplist, models, keyRules, modes.TabKey,
+                [this](const std::string& path) { selectModel(path); }}),
       documents({services.files, services.dialogs, log, store, run, doc, flags, *this, options.ghcdir,
                  options.q3overwrite}),
       gameConfig({doc, mods, *this, aliases, services.random, log}),
       launcher({services.files, services.processes, services.dialogs, log, run, doc, mods, iplist,
-                options.q3runoptions, options.extracmdline, gameConfig, [this] { benchmark(); }}) {
+                options.q3runoptions, options.extracmdline, gameConfig, [this] { benchmark(); }}),
+      optionsRules({services.files, finder, services.dialogs, services.viewers, log, store, run, options, documents,
+                    [this] { return log.LogPath(); }, [this] { closeAllWindows(); }}) {
     doc.markChanges(run);
 }
 
@@ -63,6 +71,7 @@ void Gatehouse::closeAllWindows() {
     if (q3.loaded && !unloading_) q3_Unload();
     q3.restoreDesign();
     splash.restoreDesign();
+    optionsRules.restoreDesign();
     optionKeeper.restoreDesign();
     doc.restoreDesign();
     modes.restoreDesign();
@@ -71,6 +80,8 @@ void Gatehouse::closeAllWindows() {
     models.mdltree.clear();
     mods.clear();
     flags.restoreDesign();
+    botsRules.restoreDesign();
+    rotationRules.restoreDesign();
     run.CurrentMode.set(kConnect);
     run.title.set("Gatehouse: ");
     run.ConfigChanged = false;  // putting the fields back has set it

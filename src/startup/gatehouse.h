@@ -21,8 +21,14 @@
 #include "startup/option_store.h"
 #include "startup/options.h"
 #include "startup/views.h"
+#include "window/rules/bots_rules.h"
+#include "window/rules/key_rules.h"
 #include "window/rules/modes.h"
+#include "window/rules/options_rules.h"
+#include "window/rules/player_rules.h"
+#include "window/rules/rotation_rules.h"
 #include "window/rules/server_rules.h"
+#include "window/rules/tab_reset.h"
 
 #include <exception>
 #include <string>
@@ -51,6 +57,7 @@ public:
     void mfilerun_Click() { launcher.mfilerun_Click(); }
     void mfileexit_Click() { q3_Unload(); }
     void mtoolsconsole_Click();
+    void mtoolsoptions_Click() { optionsRules.mtoolsoptions_Click(); }
 
     /// Exit status of the process: 1 for a named document that can't be opened, and for a run-and-leave whose run failed.
     int exitStatus() const { return noDocument_ || (runAndLeave_ && run.RunErrors) ? 1 : 0; }
@@ -85,9 +92,15 @@ public:
     ModChoice modChoice;
     ServerRules serverRules;
     ModeRules modes;
+    PlayerRules playerRules;
+    BotsRules botsRules;
+    KeyRules keyRules;
+    RotationRules rotationRules;
+    TabReset tabReset;
     ConfigDocuments documents;
     GameConfig gameConfig;
     RunCommand launcher;
+    OptionsRules optionsRules;
 
 private:
     // Steps of the load sequence.

@@ -2,13 +2,17 @@
 
 #include "platform/qt/shown_text.h"
 #include "startup/gatehouse.h"
+#include "window/dialogs/about_dialog.h"
+#include "window/dialogs/options_dialog.h"
 #include "window/tabs/settings_tabs.h"
+#include "window/tabs/table_tabs.h"
 #include "window/widgets/binders.h"
 #include "window/widgets/console_panel.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/icons.h"
 #include "window/widgets/side_bar.h"
+#include "window/widgets/table_view.h"
 #include "window/widgets/twips.h"
 
 #include <QAction>
@@ -36,12 +40,18 @@ constexpr int kMillisecondsPerMinute = 60'000;
 QString windowTitleText(const std::string& title) { return shown(title).replace("[*]", "[*][*]"); }
 
 /// What a frame holds; nothing for a tab that is still to come.
-QWidget* makeTabContent(Frame frame, SettingsDocument& document) {
+QWidget* makeTabContent(Frame frame, Gatehouse& program) {
+    SettingsDocument& doc = program.doc;
     switch (frame) {
-        case kServerFrame: return makeServerTab(document);
-        case kVideoFrame: return makeVideoTab(document);
-        case kTweak1Frame: return makeTweak1Tab(document);
-        case kTweak2Frame: return makeTweak2Tab(document);
+        case kServerFrame: return makeServerTab(doc);
+        case kServersFrame: return makeServersTab(program.iplist);
+        case kMapsFrame: return makeMapsTab(doc, program.maps, program.rotationRules, program.flags);
+        case kPlayerFrame: return makePlayerTab(doc, program.models, program.run);
+        case kKeysFrame: return makeKeysTab(doc, program.keyRules);
+        case kBotsFrame: return makeBotsTab(doc, program.botsRules, program.flags);
+        case kVideoFrame: return makeVideoTab(doc);
+        case kTweak1Frame: return makeTweak1Tab(doc);
+        case kTweak2Frame: return makeTweak2Tab(doc);
         default: return nullptr;
     }
 }
@@ -87,6 +97,17 @@ void MainWindow::makeActions() {
 
     mtoolsconsole_ = makeAction("mtoolsconsole", tr("&Console"), {QKeySequence(Qt::Key_F12)});
     bindSwitch(*mtoolsconsole_, program_.run.ShowConsole, [this] { program_.mtoolsconsole_Click(); });
+
+    mtoolsoptions_ = makeAction("mtoolsoptions", tr("&Options..."), {});
+    mtoolsoptions_->setIcon(icon("options"));
+    mtoolsoptions_->setMenuRole(QAction::PreferencesRole);
+    mtoolsoptions_->setToolTip(tr("Options of the program itself"));
+    connect(mtoolsoptions_, &QAction::triggered, this, [this] { program_.mtoolsoptions_Click(); });
+
+    mhelpabout_ = makeAction("mhelpabout", tr("&About..."), {});
+    mhelpabout_->setIcon(icon("about"));
+    mhelpabout_->setMenuRole(QAction::AboutRole);
+    connect(mhelpabout_, &QAction::triggered, this, &MainWindow::mhelpabout_Click);
 }
 
 void MainWindow::makeMenus() {
@@ -96,6 +117,10 @@ void MainWindow::makeMenus() {
     file->addAction(mfileexit_);
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
     tools->addAction(mtoolsconsole_);
+    tools->addSeparator();
+    tools->addAction(mtoolsoptions_);
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(mhelpabout_);
 }
 
 void MainWindow::makeToolBar() {
@@ -113,6 +138,7 @@ void MainWindow::makeToolBar() {
     addButton(mfileopen_, "Open", tr("Open"));
     addButton(mfilesave_, "Save", tr("Save"));
     addButton(mfilerun_, "Run", tr("Run"));
+    addButton(mtoolsoptions_, "Options", tr("Options"));
     addToolBar(bar);
 }
 
@@ -152,7 +178,7 @@ QStackedWidget* MainWindow::makeFrames() {
         auto* frame = new QFrame(frames);
         frame->setObjectName(shown(tab.key));
         frame->setAccessibleName(shown(tab.caption));
-        if (QWidget* content = makeTabContent(static_cast<Frame>(i), program_.doc)) {
+        if (QWidget* content = makeTabContent(static_cast<Frame>(i), program_)) {
             auto* inside = new QVBoxLayout(frame);
             inside->setContentsMargins({});
             inside->addWidget(content);
@@ -160,6 +186,9 @@ QStackedWidget* MainWindow::makeFrames() {
         frames->addWidget(frame);
     }
     follow(frames, program_.modes.FrameShown, [frames](std::int16_t frame) { frames->setCurrentIndex(frame); });
+    listen(frames, program_.modes.focusWanted, [frames](Frame frame) {
+        if (auto* table = frames->widget(frame)->findChild<TableView*>()) table->setFocus(Qt::OtherFocusReason);
+    });
     return frames;
 }
 
@@ -185,8 +214,16 @@ void MainWindow::showClock() {
     QTimer::singleShot(kMillisecondsPerMinute - sinceMinute, Qt::PreciseTimer, this, &MainWindow::showClock);
 }
 
+void MainWindow::mhelpabout_Click() {
+    if (!q3about_) q3about_ = new AboutDialog(program_.run, program_.log, this);
+    q3about_->mhelpabout_Click();
+}
+
 void MainWindow::followProgram() {
     follow(this, program_.run.title, [this](const std::string& title) { setWindowTitle(windowTitleText(title)); });
+    listen(this, program_.optionsRules.q3options.changed, [this] {
+        if (!q3options_) q3options_ = new OptionsDialog(program_.options, program_.optionsRules, this);
+    });
     MainView& view = program_.q3;
     const auto size = [this, &view] { resizeTo(view.width.get(), view.height.get()); };
     size();

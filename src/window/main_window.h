@@ -5,12 +5,14 @@
 #include <functional>
 
 class QAction;
+class QDialog;
 class QKeySequence;
 class QLabel;
 class QStackedWidget;
 
 namespace gatehouse {
 
+class AboutDialog;
 class Gatehouse;
 
 /// The main window `q3`. It shows what the program holds and hands on what a person does; it decides nothing. Hidden
@@ -36,6 +38,7 @@ private:
     void followProgram();
     void resizeTo(int widthTwips, int heightTwips);
     void showClock();
+    void mhelpabout_Click();
 
     Gatehouse& program_;
     QAction* mfileopen_;
@@ -43,6 +46,11 @@ private:
     QAction* mfilerun_;
     QAction* mfileexit_;
     QAction* mtoolsconsole_;
+    QAction* mtoolsoptions_;
+    QAction* mhelpabout_;
+    // Dialogs are made when they are first wanted.
+    AboutDialog* q3about_ = nullptr;
+    QDialog* q3options_ = nullptr;
     QLabel* clock_ = nullptr;
     QSize asked_;  ///< the size last asked for, in pixels
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/log.h"
+#include "base/runtime_failure.h"
 #include "base/text.h"
 #include "platform/archives.h"
 #include "platform/clipboard.h"
@@ -178,7 +179,11 @@ public:
 
 class FakeViewers : public Viewers {
 public:
-    void viewText(const std::string& path) override { viewed.push_back(path); }
+    void viewText(const std::string& path) override {
+        if (failToStart) throw RuntimeFailure("Can't show " + path);
+        viewed.push_back(path);
+    }
+    bool failToStart = false;
     std::vector<std::string> viewed;
 };
 

@@ -1,0 +1,135 @@
+#include "window/dialogs/about_dialog.h"
+
+#include "platform/qt/native_paths.h"
+#include "platform/qt/shown_text.h"
+#include "window/widgets/icons.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QUrl>
+#include <QVBoxLayout>
+
+static void registerTexts() { Q_INIT_RESOURCE(icons); }
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kPictureSide = 96;
+constexpr int kGap = 12;
+constexpr int kLicenceLetters = 64;
+constexpr int kLicenceLines = 11;
+constexpr double kTitleSize = 1.8;  // times the usual font
+
+QString licenceText() {
+    registerTexts();
+    QFile file(":/texts/LICENSE");
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
+}
+
+}  // namespace
+
+AboutDialog::AboutDialog(const RunState& run, Log& log, QWidget* parent)
+    : QDialog(parent), run_(run), log_(log), licence_(new QPlainTextEdit(licenceText(), this)) {
+    setObjectName("q3about");
+    setWindowTitle(tr("About Gatehouse"));
+    setModal(true);
+
+    auto* picture = new QLabel(this);
+    picture->setObjectName("q3aboutpicture");
+    picture->setAccessibleName(tr("Picture of a gatehouse"));
+    picture->setPixmap(icon("gatehouse").pixmap(QSize(kPictureSide, kPictureSide), devicePixelRatioF()));
+
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(kGap / 2);
+    texts->addWidget(makeText("q3title", "Gatehouse", kTitleSize, true));
+    texts->addWidget(makeText("q3version", "Version: " + shown(run_.VersionString), 1, false));
+    texts->addWidget(makeText("q3purpose", tr("Settings and servers for Quake 3: Arena"), 1, false));
+    auto* links = new QHBoxLayout;
+    links->setSpacing(kGap);
+    QPushButton* folder = makeLink("Hlink1", tr("&Program folder"), tr("Opens the folder of this program's files"));
+    QPushButton* licence = makeLink("Hlink2", tr("&Licence"), tr("Shows under which terms this program may be used"));
+    connect(folder, &QPushButton::clicked, this, &AboutDialog::openProgramFolder);
+    connect(licence, &QPushButton::clicked, this, &AboutDialog::toggleLicence);
+    links->addWidget(folder);
+    links->addWidget(licence);
+    links->addStretch(1);
+    texts->addLayout(links);
+
+    auto* upper = new QHBoxLayout;
+    upper->setSpacing(2 * kGap);
+    upper->addWidget(picture);
+    upper->addLayout(texts, 1);
+
+    licence_->setObjectName("q3licence");
+    licence_->setAccessibleName(tr("Licence"));
+    licence_->setReadOnly(true);
+    licence_->setTabChangesFocus(true);
+    licence_->setMinimumSize(kLicenceLetters * fontMetrics().averageCharWidth(),
+                             kLicenceLines * fontMetrics().lineSpacing());
+    licence_->hide();
+
+    auto* ok = new QPushButton(tr("OK"), this);
+    ok->setObjectName("q3aboutOK");
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &AboutDialog::q3aboutOK_Click);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(2 * kGap, 2 * kGap, 2 * kGap, kGap);
+    column->setSpacing(kGap);
+    column->addLayout(upper);
+    column->addWidget(licence_, 1);
+    column->addWidget(ok, 0, Qt::AlignRight);
+    ok->setFocus();
+}
+
+QLabel* AboutDialog::makeText(const QString& name, const QString& text, double size, bool bold) {
+    auto* label = new QLabel(text, this);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * size);
+    font.setBold(bold);
+    label->setFont(font);
+    return label;
+}
+
+QPushButton* AboutDialog::makeLink(const QString& name, const QString& text, const QString& hint) {
+    auto* link = new QPushButton(text, this);
+    link->setObjectName(name);
+    link->setFlat(true);
+    link->setAutoDefault(false);
+    link->setCursor(Qt::PointingHandCursor);
+    link->setToolTip(hint);
+    link->setAccessibleDescription(hint);
+    link->setStyleSheet("QPushButton { border: none; padding: 2px 0; color: palette(link); text-decoration: underline; }"
+                        "QPushButton:focus { border-bottom: 2px solid palette(highlight); }");
+    return link;
+}
+
+void AboutDialog::mhelpabout_Click() {
+    log_.logEvent("about dialog loaded");
+    show();
+}
+
+void AboutDialog::q3aboutOK_Click() {
+    hide();
+    log_.logEvent("about dialog closed");
+}
+
+void AboutDialog::openProgramFolder() {
+    const std::string native = resolveExisting(run_.AppDir).value_or(toNativePath(run_.AppDir));
+    const QString folder = QFile::decodeName(QByteArray::fromStdString(native));
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
+        log_.logEvent("Can't open the folder " + run_.AppDir, true);
+}
+
+void AboutDialog::toggleLicence() {
+    licence_->setVisible(!licence_->isVisible());
+    adjustSize();
+}
+
+}  // namespace gatehouse

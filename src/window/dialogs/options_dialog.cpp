@@ -1,0 +1,179 @@
+#include "window/dialogs/options_dialog.h"
+
+#include "platform/qt/shown_text.h"
+#include "startup/options.h"
+#include "window/rules/options_rules.h"
+#include "window/widgets/binders.h"
+#include "window/widgets/follow.h"
+#include "window/widgets/spin_text.h"
+
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kRowGap = 6;
+constexpr int kCaptionGap = 12;
+constexpr int kSectionGap = 14;
+constexpr int kLineLetters = 44;
+constexpr int kSpinLetters = 10;
+constexpr int kClickMilliseconds = 10;
+
+}  // namespace
+
+OptionsDialog::OptionsDialog(OptionsForm& form, OptionsRules& rules, QWidget* parent)
+    : QDialog(parent), form_(form), rules_(rules) {
+    setObjectName("q3options");
+    setWindowTitle(tr("Options"));
+    setModal(true);
+    auto* column = new QVBoxLayout(this);
+    column->setSpacing(2 * kSectionGap);
+    column->addWidget(makeFields());
+    column->addStretch(1);
+    column->addLayout(makeButtons());
+    follow(this, rules_.q3options, [this](bool visible) { setVisible(visible); });
+}
+
+void OptionsDialog::reject() { run(&OptionsRules::optionsOK_Click); }
+
+QWidget* OptionsDialog::makeFields() {
+    auto* fields = new QWidget(this);
+    auto* grid = new QGridLayout(fields);
+    grid->setContentsMargins({});
+    grid->setVerticalSpacing(kRowGap);
+    grid->setHorizontalSpacing(kCaptionGap);
+    grid->setColumnStretch(1, 1);
+
+    addHeading(*grid, "Game");
+    QLineEdit* path = makeLine(form_.q3FilePath);
+    path->setReadOnly(true);  // only a file that was chosen is stored
+    addRow(*grid, form_.q3FilePath, path,
+           makeButton("q3GetFile", tr("&Browse..."), tr("Choose the game's program"), &OptionsRules::q3GetFile_Click));
+    addRow(*grid, form_.extracmdline, makeLine(form_.extracmdline));
+    addRow(*grid, form_.q3runoptions, makeList(form_.q3runoptions));
+    addRow(*grid, form_.q3pingwait, makeSpin(form_.q3pingwait));
+
+    addHeading(*grid, "Files and Logs");
+    ghcdir_ = makeLine(form_.ghcdir);
+    ghcdir_->installEventFilter(this);
+    addRow(*grid, form_.ghcdir, ghcdir_);
+    addRow(*grid, form_.q3startwith, makeList(form_.q3startwith));
+    addRow(*grid, form_.q3overwrite, makeList(form_.q3overwrite));
+    addRow(*grid, form_.q3loglevel, makeList(form_.q3loglevel));
+    addRow(*grid, form_.q3keeplogs, makeSpin(form_.q3keeplogs));
+    addRow(*grid, form_.q3buffsize, makeSpin(form_.q3buffsize));
+    return fields;
+}
+
+void OptionsDialog::addHeading(QGridLayout& grid, std::string_view heading) {
+    auto* label = new QLabel(shown(heading), this);
+    label->setTextFormat(Qt::PlainText);
+    QFont bold = label->font();
+    bold.setBold(true);
+    label->setFont(bold);
+    if (grid.count() > 0) label->setContentsMargins(0, kSectionGap, 0, 0);
+    grid.addWidget(label, grid.rowCount(), 0, 1, 3);
+}
+
+void OptionsDialog::addRow(QGridLayout& grid, Field& field, QWidget* editor, QWidget* behind) {
+    auto* caption = new QLabel(this);
+    bindCaption(*caption, *editor, field);
+    caption->setToolTip(editor->toolTip());
+    const int line = grid.rowCount();
+    grid.addWidget(caption, line, 0);
+    const bool wide = qobject_cast<QLineEdit*>(editor) && !behind;
+    grid.addWidget(editor, line, 1, 1, wide ? 2 : 1, wide || behind ? Qt::Alignment() : Qt::AlignLeft);
+    if (behind) grid.addWidget(behind, line, 2);
+}
+
+QLineEdit* OptionsDialog::makeLine(TextField& field) {
+    auto* line = new QLineEdit(this);
+    line->setMinimumWidth(kLineLetters * line->fontMetrics().averageCharWidth());
+    bind(*line, field);
+    return line;
+}
+
+QWidget* OptionsDialog::makeSpin(TextField& field) {
+    auto* spin = new SpinText(this);
+    bind(*spin, field);
+    spin->setMinimumWidth(qMax(spin->sizeHint().width(), kSpinLetters * spin->fontMetrics().averageCharWidth()));
+    return spin;
+}
+
+QWidget* OptionsDialog::makeList(ListField& field) {
+    auto* list = new QComboBox(this);
+    bind(*list, field);
+    return list;
+}
+
+QBoxLayout* OptionsDialog::makeButtons() {
+    auto* row = new QHBoxLayout;
+    row->addWidget(makeButton("editscripts", tr("View &Scripts"), tr("Shows the file of the script aliases"),
+                              &OptionsRules::editscripts_Click));
+    row->addWidget(makeButton("viewerr", tr("View &Errors"), tr("Shows the log of this run"),
+                              &OptionsRules::viewerr_Click));
+    row->addSpacing(kSectionGap);
+    row->addWidget(makeButton("q3resetdefaults", tr("Reset &Defaults"),
+                              tr("Writes default.ghc anew, with the values that every setting has at first"),
+                              &OptionsRules::q3resetdefaults_Click));
+    row->addWidget(makeButton("unregister", tr("&Reset Registry"),
+                              tr("Takes all of these options away and ends the program"),
+                              &OptionsRules::unregister_Click));
+    row->addStretch(1);
+    row->addSpacing(kSectionGap);
+    QPushButton* ok = makeButton("optionsOK", tr("OK"), {}, &OptionsRules::optionsOK_Click);
+    ok->setDefault(true);
+    row->addWidget(ok);
+    return row;
+}
+
+QPushButton* OptionsDialog::makeButton(const QString& name, const QString& text, const QString& hint, Command command) {
+    auto* button = new QPushButton(text, this);
+    button->setObjectName(name);
+    button->setToolTip(hint);
+    button->setAccessibleDescription(hint);
+    connect(button, &QPushButton::clicked, this, [this, command] { run(command); });
+    return button;
+}
+
+void OptionsDialog::run(Command command) {
+    if (settleFolder()) (rules_.*command)();
+}
+
+bool OptionsDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ghcdir_ && event->type() == QEvent::FocusIn) folderOpen_ = true;
+    if (watched == ghcdir_ && event->type() == QEvent::FocusOut) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        // Another window or the line's own menu is no leaving.
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) settleFolderSoon();
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void OptionsDialog::settleFolderSoon() {
+    // A box that opens between press and release would keep the button under the mouse down for good.
+    QTimer::singleShot(kClickMilliseconds, this, [this] {
+        if (QGuiApplication::mouseButtons() != Qt::NoButton)
+            settleFolderSoon();
+        else if (!ghcdir_->hasFocus())
+            settleFolder();
+    });
+}
+
+bool OptionsDialog::settleFolder() {
+    if (!std::exchange(folderOpen_, false) || rules_.ghcdir_LostFocus()) return true;
+    ghcdir_->setFocus();
+    ghcdir_->selectAll();
+    folderOpen_ = true;
+    return false;
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QDialog>
+
+#include <string_view>
+
+class QBoxLayout;
+class QGridLayout;
+class QLineEdit;
+class QPushButton;
+
+namespace gatehouse {
+
+class Field;
+class ListField;
+class OptionsRules;
+class TextField;
+struct OptionsForm;
+
+/// The dialog `q3options`. What is changed in it holds at once: there is nothing to cancel, and Escape is as good as OK.
+class OptionsDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Form and rules must outlive the dialog.
+    OptionsDialog(OptionsForm& form, OptionsRules& rules, QWidget* parent = nullptr);
+
+    void reject() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    using Command = void (OptionsRules::*)();
+
+    QWidget* makeFields();
+    void addHeading(QGridLayout& grid, std::string_view heading);
+    void addRow(QGridLayout& grid, Field& field, QWidget* editor, QWidget* behind = nullptr);
+    QLineEdit* makeLine(TextField& field);
+    QWidget* makeSpin(TextField& field);
+    QWidget* makeList(ListField& field);
+    QBoxLayout* makeButtons();
+    QPushButton* makeButton(const QString& name, const QString& text, const QString& hint, Command command);
+
+    /// Runs a command, once the folder is one.
+    void run(Command command);
+    /// False if the folder that was left is none; the focus is back in its line.
+    bool settleFolder();
+    void settleFolderSoon();
+
+    OptionsForm& form_;
+    OptionsRules& rules_;
+    QLineEdit* ghcdir_ = nullptr;
+    bool folderOpen_ = false;  ///< the line of the folder has the focus, or had it and was not looked at since
+};
+
+}  // namespace gatehouse

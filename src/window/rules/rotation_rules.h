@@ -1,0 +1,56 @@
+#pragma once
+
+#include "base/command_flags.h"
+#include "base/log.h"
+#include "base/run_state.h"
+#include "base/signal.h"
+#include "config/rotation.h"
+#include "content/map_catalog.h"
+
+#include <string>
+#include <string_view>
+
+namespace gatehouse {
+
+/// The commands on the two panes of the Maps tab: `maptree`, the catalog, and `maplist`, the rotation. The current row
+/// of each is the one selected.
+class RotationRules {
+public:
+    RotationRules(Rotation& maplist, MapTree& maptree, CommandFlags& flags, RunState& run, Log& log)
+        : maplist_(maplist), maptree_(maptree), flags_(flags), run_(run), log_(log) {}
+
+    /// The pane that had the input focus last, "TREE" or "LIST"; empty at first.
+    std::string focusPane;
+    static constexpr std::string_view kTree = "TREE";
+    static constexpr std::string_view kList = "LIST";
+
+    void maptree_GotFocus() { focusPane = kTree; }
+    void maplist_GotFocus() { focusPane = kList; }
+    /// A pane, "TREE" or "LIST", asks for the input focus.
+    Signal<std::string_view> focusWanted;
+
+    /// Puts the selected map into the rotation, only while the tree has the focus, and walks on to the next.
+    void addToRotation();
+    /// Takes the selected row out, only while the list has the focus. The last map of all stays marked as used.
+    void removeFromRotation();
+    void moveUp() { move(-1, "up"); }
+    void moveDown() { move(1, "down"); }
+
+    void restoreDesign() { focusPane.clear(); }
+
+private:
+    void giveFocus(std::string_view pane);
+    void selectNextMap();
+    /// Marks all nodes of that text, in any case, and returns the position of the last one, 0 if there is none.
+    int mark(const std::string& text, bool used);
+    void sortAndFocus();
+    void move(int step, std::string_view word);
+
+    Rotation& maplist_;
+    MapTree& maptree_;
+    CommandFlags& flags_;
+    RunState& run_;
+    Log& log_;
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,188 @@
+#include "base/text.h"
+#include "content/map_catalog.h"
+#include "config/settings_document.h"
+#include "window/rules/rotation_rules.h"
+#include "window/tabs/table_tabs.h"
+#include "window/widgets/binders.h"
+#include "window/widgets/icons.h"
+#include "window/widgets/table_view.h"
+#include "window/widgets/twips.h"
+
+#include <QAction>
+#include <QFocusEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QSplitter>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kLeastTree = 1200;  // twips
+constexpr int kNameLetters = 18;
+
+std::string mapIcon(MapImage image) {
+    switch (image) {
+        case MapImage::ClosedGroup: return "group-closed";
+        case MapImage::OpenGroup: return "group-open";
+        case MapImage::UsedMap: return "map-used";
+        case MapImage::FreeMap: break;
+    }
+    return "map-free";
+}
+
+/// The row of a node's group; groups stand in front of what is in them.
+int groupOf(const MapTree& maptree, int position) {
+    const std::string& group = maptree.at(position).parent;
+    if (group.empty()) return 0;
+    for (int above = 1; above < position; ++above)
+        if (maptree.at(above).key == group) return above;
+    return 0;
+}
+
+void setGroupOpen(MapTree& maptree, int position, bool open) {
+    const MapImage now = maptree.at(position).image;
+    if (now != MapImage::ClosedGroup && now != MapImage::OpenGroup) return;
+    maptree.update(position, [open](MapEntry& node) { node.image = open ? MapImage::OpenGroup : MapImage::ClosedGroup; });
+}
+
+/// Runs a rule whenever a widget gets the input focus.
+class FocusWatch : public QObject {
+public:
+    FocusWatch(QWidget* watched, std::function<void()> rule) : QObject(watched), rule_(std::move(rule)) {
+        watched->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn) rule_();
+        return false;
+    }
+
+private:
+    std::function<void()> rule_;
+};
+
+TableView* makeTree(MapTree& maptree, RotationRules& rules) {
+    auto* tree = new TableView(new TableModel(
+        maptree, TableLook<MapEntry>{
+                     .columns = {{"Map", [](const MapEntry& node) { return trim(node.text); }}},
+                     .ink = [](const MapEntry& node) { return node.used ? Ink::Grey : Ink::Normal; },
+                     .picture =
+                         [](const MapEntry& node) {
+                             return RowPicture{mapIcon(node.image), node.used ? "In the rotation" : ""};
+                         },
+                     .parent = groupOf}));
+    tree->setObjectName("maptree");
+    tree->setAccessibleName(QObject::tr("Maps"));
+    tree->setHeaderHidden(true);
+    const auto follower = [tree, &maptree](bool open) {
+        return [tree, &maptree, open](const QModelIndex& index) {
+            setGroupOpen(maptree, static_cast<TableModel*>(tree->model())->position(index), open);
+        };
+    };
+    QObject::connect(tree, &QTreeView::expanded, tree, follower(true));
+    QObject::connect(tree, &QTreeView::collapsed, tree, follower(false));
+    new FocusWatch(tree, [&rules] { rules.maptree_GotFocus(); });
+    return tree;
+}
+
+TableView* makeList(Rotation& maplist, RotationRules& rules) {
+    // The rows stand in the order of their position texts; the texts themselves tell a reader nothing more.
+    auto* list = new TableView(new TableModel(
+        maplist, TableLook<RotationRow>{
+                     .columns = {{"Map", [](const RotationRow& row) { return trim(row.name); }},
+                                 {"Description", &RotationRow::description}}}));
+    list->setObjectName("maplist");
+    list->setAccessibleName(QObject::tr("Map Rotation"));
+    list->setRootIsDecorated(false);
+    list->setColumnLetters({kNameLetters});
+    new FocusWatch(list, [&rules] { rules.maplist_GotFocus(); });
+    return list;
+}
+
+QWidget* makePane(const QString& heading, QToolBar* tools, TableView* view) {
+    auto* pane = new QWidget;
+    auto* column = new QVBoxLayout(pane);
+    column->setContentsMargins({});
+    auto* label = new QLabel(heading);
+    QFont bold = label->font();
+    bold.setBold(true);
+    label->setFont(bold);
+    label->setBuddy(view);
+    auto* top = new QHBoxLayout;
+    top->addWidget(label);
+    top->addStretch(1);
+    top->addWidget(tools);
+    column->addLayout(top);
+    column->addWidget(view, 1);
+    return pane;
+}
+
+struct ToolSpec {
+    const char* icon;
+    QString text;
+    QString hint;
+    QKeySequence key;
+    Observable<bool>& flag;
+    std::function<void()> command;
+};
+
+void addTool(QToolBar& bar, TableView& view, const QString& name, const ToolSpec& spec) {
+    auto* action = new QAction(icon(spec.icon), spec.text, &view);
+    action->setObjectName(name);
+    action->setToolTip(spec.hint + " (" + spec.key.toString(QKeySequence::NativeText) + ")");
+    action->setShortcut(spec.key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    bindCommand(*action, spec.flag, spec.command);
+    view.addAction(action);
+    bar.addAction(action);
+    bar.widgetForAction(action)->setObjectName(name + "_button");
+}
+
+QToolBar* makeTools(const QString& name, const QString& title) {
+    auto* bar = new QToolBar(title);
+    bar->setObjectName(name);
+    bar->setAccessibleName(title);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    return bar;
+}
+
+}  // namespace
+
+QWidget* makeMapsTab(SettingsDocument& doc, MapCatalog& maps, RotationRules& rules, CommandFlags& flags) {
+    TableView* tree = makeTree(maps.maptree, rules);
+    TableView* list = makeList(doc.maplist, rules);
+    listen(tree, rules.focusWanted, [tree, list](std::string_view pane) {
+        (pane == RotationRules::kTree ? tree : list)->setFocus(Qt::OtherFocusReason);
+    });
+
+    QToolBar* catalogTools = makeTools("mtool2_tree", QObject::tr("Catalog"));
+    addTool(*catalogTools, *tree, "mtool2_2",
+            {"add", QObject::tr("Add"), QObject::tr("Put the map into the rotation"), QKeySequence(Qt::Key_Insert),
+             flags.mtool2[2], [&rules] { rules.addToRotation(); }});
+    QToolBar* rotationTools = makeTools("mtool1", QObject::tr("Rotation"));
+    addTool(*rotationTools, *list, "mtool2_1",
+            {"remove", QObject::tr("Remove"), QObject::tr("Take the map out of the rotation"),
+             QKeySequence(Qt::Key_Delete), flags.mtool2[1], [&rules] { rules.removeFromRotation(); }});
+    addTool(*rotationTools, *list, "mtool1_1",
+            {"move-up", QObject::tr("Up"), QObject::tr("Play the map earlier"), QKeySequence(Qt::ALT | Qt::Key_Up),
+             flags.mtool1[1], [&rules] { rules.moveUp(); }});
+    addTool(*rotationTools, *list, "mtool1_2",
+            {"move-down", QObject::tr("Down"), QObject::tr("Play the map later"), QKeySequence(Qt::ALT | Qt::Key_Down),
+             flags.mtool1[2], [&rules] { rules.moveDown(); }});
+
+    auto* split = new QSplitter(Qt::Horizontal);
+    split->setObjectName("mapsplit");
+    split->setChildrenCollapsible(false);
+    split->addWidget(makePane(QObject::tr("Maps"), catalogTools, tree));
+    split->addWidget(makePane(QObject::tr("Rotation"), rotationTools, list));
+    tree->setMinimumWidth(pixels(kLeastTree));
+    split->setStretchFactor(0, 2);
+    split->setStretchFactor(1, 3);
+    return split;
+}
+
+}  // namespace gatehouse

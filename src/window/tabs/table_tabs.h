@@ -1,0 +1,31 @@
+#pragma once
+
+#include "base/command_flags.h"
+#include "servers/server_entry.h"
+
+class QWidget;
+
+namespace gatehouse {
+
+class BotsRules;
+class MapCatalog;
+class ModelCatalog;
+class RotationRules;
+class KeyRules;
+struct RunState;
+struct SettingsDocument;
+
+// The tabs whose heart is a table. What they are given must outlive them.
+
+/// The catalog of maps on the left, the rotation on the right.
+QWidget* makeMapsTab(SettingsDocument& doc, MapCatalog& maps, RotationRules& rules, CommandFlags& flags);
+/// The actions and their keys.
+QWidget* makeKeysTab(SettingsDocument& doc, KeyRules& rules);
+/// The list of servers.
+QWidget* makeServersTab(ServerTable& iplist);
+/// The bots that join, named or random, and how they behave.
+QWidget* makeBotsTab(SettingsDocument& doc, BotsRules& rules, CommandFlags& flags);
+/// The player's name and looks beside the tree of models.
+QWidget* makePlayerTab(SettingsDocument& doc, ModelCatalog& models, RunState& run);
+
+}  // namespace gatehouse

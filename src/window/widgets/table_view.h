@@ -1,0 +1,34 @@
+#pragma once
+
+#include "window/widgets/table_model.h"
+
+#include <QTreeView>
+
+namespace gatehouse {
+
+/// A list or a tree over a table. The table's current row is the one shown as current, and the other way round; with
+/// `ExtendedSelection` its selected rows are, too. The table is right whenever the two differ.
+class TableView : public QTreeView {
+    Q_OBJECT
+
+public:
+    /// Takes the model over.
+    explicit TableView(TableModel* model, SelectionMode mode = SingleSelection, QWidget* parent = nullptr);
+
+    /// Sets the widths of columns in letters; the last column takes what remains.
+    void setColumnLetters(const std::vector<int>& letters);
+
+Q_SIGNALS:
+    /// A person made another row the current one.
+    void rowChosen(int position);
+
+private:
+    void showCurrent();
+    void showSelection();
+    void takeCurrent(const QModelIndex& index);
+    void takeSelection();
+
+    TableModel& rows_;
+};
+
+}  // namespace gatehouse

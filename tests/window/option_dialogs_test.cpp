@@ -1,0 +1,137 @@
+#include "startup/gatehouse.h"
+#include "support/core/fakes.h"
+#include "window/dialogs/about_dialog.h"
+#include "window/dialogs/options_dialog.h"
+#include "window/dialogs/reset_prompt.h"
+
+#include <QAccessible>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace gatehouse {
+namespace {
+
+class OptionDialogsTest : public testing::Test {
+protected:
+    template <class T = QWidget>
+    static T& find(QWidget& window, const char* name) {
+        auto* found = window.findChild<T*>(name);
+        if (!found) throw std::runtime_error(std::string("no ") + name);
+        return *found;
+    }
+    void openOptions() {
+        world.files.addFolder("C:\\gh");
+        program.options.ghcdir.setText("C:\\gh\\");
+        program.mtoolsoptions_Click();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&options));
+    }
+
+    fake::World world;
+    Gatehouse program{world.services, "C:\\gh"};
+    OptionsDialog options{program.options, program.optionsRules};
+};
+
+TEST_F(OptionDialogsTest, EveryOptionIsReachedByTabAndHasAName) {
+    openOptions();
+    std::set<QString> reached;
+    QWidget* first = options.focusWidget();
+    do {
+        reached.insert(options.focusWidget()->objectName());
+        QTest::keyClick(options.focusWidget(), Qt::Key_Tab);
+    } while (options.focusWidget() != first && reached.size() < 50);
+    for (const Field* field : program.options.options.fields) {
+        EXPECT_TRUE(reached.contains(QString::fromStdString(field->name()))) << field->name();
+        QWidget& widget = find(options, field->name().c_str());
+        EXPECT_FALSE(QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name).isEmpty()) << field->name();
+    }
+    for (const char* button : {"q3GetFile", "editscripts", "viewerr", "q3resetdefaults", "unregister", "optionsOK"})
+        EXPECT_TRUE(reached.contains(button)) << button;
+}
+
+TEST_F(OptionDialogsTest, WhatIsTypedArrives) {
+    openOptions();
+    auto& wait = find(options, "q3pingwait");
+    QTest::keyClick(&wait, Qt::Key_Up);
+    EXPECT_EQ(program.options.q3pingwait.text(), "4");
+    auto& line = find<QLineEdit>(options, "extracmdline");
+    QTest::keyClicks(&line, "+set a b");
+    EXPECT_EQ(program.options.extracmdline.text(), "+set a b");
+    auto& level = find<QComboBox>(options, "q3loglevel");
+    QTest::keyClick(&level, Qt::Key_End);
+    EXPECT_EQ(program.options.q3loglevel.index(), 2);
+}
+
+TEST_F(OptionDialogsTest, EscapeStoresTheFolderAndAWrongOneKeepsTheDialogOpen) {
+    openOptions();
+    auto& folder = find<QLineEdit>(options, "ghcdir");
+    folder.setFocus();
+    folder.selectAll();
+    QTest::keyClicks(&folder, "C:\\none");
+    world.dialogs.answer("Path Error", Answer::Ok);
+    QTest::keyClick(&folder, Qt::Key_Escape);
+    EXPECT_TRUE(options.isVisible());
+    EXPECT_TRUE(folder.hasFocus());
+
+    // The same for one who leaves the line for another, and for one who goes straight for the button.
+    world.dialogs.answer("Path Error", Answer::Ok);
+    QTest::keyClick(&folder, Qt::Key_Tab);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return world.dialogs.shown.size() == 2; }));
+    EXPECT_TRUE(folder.hasFocus());
+    world.dialogs.answer("Path Error", Answer::Ok);
+    QTest::mouseClick(&find(options, "optionsOK"), Qt::LeftButton);
+    EXPECT_TRUE(options.isVisible());
+
+    folder.selectAll();
+    QTest::keyClicks(&folder, "C:\\gh");
+    QTest::keyClick(&folder, Qt::Key_Escape);
+    EXPECT_FALSE(options.isVisible());
+    EXPECT_FALSE(program.optionsRules.q3options.get());
+    EXPECT_EQ(world.settings.values["ghcdir"], "C:\\gh\\");
+    EXPECT_EQ(world.dialogs.shown.size(), 3);
+}
+
+TEST_F(OptionDialogsTest, TheResetPromptAnswersOnceAndCancelIsItsFirstChoice) {
+    const Observable<std::string> tab{"video"};
+    std::vector<std::string> answers;
+    ResetPrompt prompt(world.log, tab, [&](const std::string& what) { answers.push_back(what); });
+    const auto press = [&](Qt::Key key, const char* button) {
+        prompt.ask();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&prompt));
+        EXPECT_EQ(prompt.focusWidget()->objectName(), "q3resetcancel");
+        if (button) find(prompt, button).setFocus();
+        QTest::keyClick(prompt.focusWidget(), key);
+        EXPECT_FALSE(prompt.isVisible());
+    };
+    press(Qt::Key_Return, nullptr);
+    press(Qt::Key_Escape, nullptr);
+    press(Qt::Key_Space, "q3resetcurrent");
+    press(Qt::Key_Space, "q3resetall");
+    EXPECT_EQ(answers, (std::vector<std::string>{"", "", "current", "all"}));
+    EXPECT_EQ(world.log.lines,
+              (std::vector<std::string>{"user canceled tab reset", "user canceled tab reset",
+                                        "user chose to reset only the video tab", "user chose to reset all tabs"}));
+}
+
+TEST_F(OptionDialogsTest, TheAboutBoxShowsVersionAndLicence) {
+    program.run.VersionString = "00.03.03";
+    AboutDialog about(program.run, world.log);
+    about.mhelpabout_Click();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&about));
+    EXPECT_EQ(find<QLabel>(about, "q3version").text(), "Version: 00.03.03");
+    auto& licence = find<QPlainTextEdit>(about, "q3licence");
+    EXPECT_FALSE(licence.isVisible());
+    QTest::mouseClick(&find(about, "Hlink2"), Qt::LeftButton);
+    EXPECT_TRUE(licence.isVisible());
+    EXPECT_TRUE(licence.toPlainText().startsWith("MIT License"));
+    QTest::keyClick(&about, Qt::Key_Escape);
+    EXPECT_FALSE(about.isVisible());
+    EXPECT_EQ(world.log.lines, (std::vector<std::string>{"about dialog loaded", "about dialog closed"}));
+}
+
+}  // namespace
+}  // namespace gatehouse

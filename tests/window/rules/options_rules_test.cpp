@@ -1,0 +1,123 @@
+#include "window/rules/options_rules.h"
+
+#include "startup/gatehouse.h"
+#include "support/core/fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace gatehouse {
+namespace {
+
+/// The options dialog of a program that was started before and logs everything.
+class OptionsRulesTest : public testing::Test {
+protected:
+    OptionsRulesTest() {
+        world.files.put("C:\\gh\\mods\\00-baseq3.ghm", "name Quake 3: Arena\r\ndir baseq3\r\ngtype 0 Free For All\r\n");
+        for (const char* name : {"aliases.txt", "default.ghs", "usermaps.txt", "usermdls.txt"})
+            world.files.put(std::string("C:\\gh\\") + name, "");
+        world.files.put("C:\\Q3\\quake3.exe", "");
+        world.settings.values = {{"exepath", "C:\\Q3\\quake3.exe"}, {"basedir", "C:\\Q3\\"}, {"ghcdir", "C:\\gh\\"},
+                                 {"ghversion", "00.03.03"}, {"loglevel", "2"}, {"buffsize", "1000000"}};
+        program.StartupDriver();
+        program.mtoolsoptions_Click();
+    }
+    bool logged(const std::string& line) {
+        return ("\r\n" + program.q3.q3console.get() + "\r\n").find("\r\n" + line + "\r\n") != std::string::npos;
+    }
+    std::string stored(const char* key) {
+        return world.settings.values.contains(key) ? world.settings.values.at(key) : "<none>";
+    }
+
+    fake::World world;
+    Gatehouse program{world.services, "C:\\gh"};
+    OptionsRules& rules = program.optionsRules;
+};
+
+TEST_F(OptionsRulesTest, TheFolderIsCompletedTestedAndStored) {
+    world.files.addFolder("C:\\My Configs");
+    program.options.ghcdir.setText("  C:\\My Configs ");
+    EXPECT_EQ(stored("ghcdir"), "C:\\gh\\");  // not while it is typed
+    EXPECT_TRUE(rules.ghcdir_LostFocus());
+    EXPECT_EQ(program.options.ghcdir.text(), "C:\\My Configs\\");
+    EXPECT_EQ(stored("ghcdir"), "C:\\My Configs\\");
+    EXPECT_TRUE(logged("option change: ghcdir =C:\\My Configs\\"));
+
+    world.dialogs.answer("Path Error", Answer::Ok);
+    program.options.ghcdir.setText("C:\\nowhere");
+    EXPECT_FALSE(rules.ghcdir_LostFocus());
+    EXPECT_EQ(world.dialogs.shown.back().text, "That is not a valid folder path. Please re-enter the path.");
+    EXPECT_EQ(program.options.ghcdir.text(), "C:\\nowhere\\");
+    EXPECT_EQ(stored("ghcdir"), "C:\\My Configs\\");
+}
+
+TEST_F(OptionsRulesTest, AChosenGameIsStoredWithItsFolderAndUsedAtOnce) {
+    world.dialogs.choose(std::nullopt);
+    rules.q3GetFile_Click();
+    EXPECT_EQ(stored("exepath"), "C:\\Q3\\quake3.exe");
+
+    world.dialogs.choose("C:\\Games\\Arena\\arena.exe");  // a name of another length than the usual one's
+    rules.q3GetFile_Click();
+    EXPECT_EQ(world.dialogs.fileDialogs.back().filter, "Executable Files (*.exe)|*.exe");
+    EXPECT_EQ(world.dialogs.fileDialogs.back().fileName, "quake3.exe");
+    EXPECT_EQ(program.options.q3FilePath.text(), "C:\\Games\\Arena\\arena.exe");
+    EXPECT_EQ(stored("exepath"), "C:\\Games\\Arena\\arena.exe");
+    EXPECT_EQ(stored("basedir"), "C:\\Games\\Arena\\");
+    EXPECT_EQ(program.run.GameDir, "C:\\Games\\Arena\\");
+    EXPECT_TRUE(logged("option change: basedir=C:\\Games\\Arena\\"));
+}
+
+TEST_F(OptionsRulesTest, ViewersCloseTheDialogEvenWhenTheyFail) {
+    rules.editscripts_Click();
+    EXPECT_EQ(world.viewers.viewed.back(), "C:\\gh\\\\aliases.txt");
+    EXPECT_TRUE(logged("Function: viewing aliases.txt"));
+    EXPECT_FALSE(rules.q3options.get());
+
+    program.mtoolsoptions_Click();
+    rules.viewerr_Click();
+    EXPECT_EQ(world.viewers.viewed.back(), "C:\\gh\\20010203140506-errorlog.txt");
+    EXPECT_TRUE(logged("Function: Viewing current error log"));
+
+    program.mtoolsoptions_Click();
+    world.viewers.failToStart = true;
+    rules.viewerr_Click();
+    EXPECT_TRUE(logged("Can't show C:\\gh\\20010203140506-errorlog.txt"));
+    EXPECT_FALSE(rules.q3options.get());
+}
+
+TEST_F(OptionsRulesTest, TheDefaultDocumentIsWrittenAnewOrTheFailureLogged) {
+    const std::string original = world.files.content("C:\\gh\\default.ghc");
+    world.files.put("C:\\gh\\default.ghc", "spoilt");
+    world.dialogs.answer("Reset default.ghc", Answer::Ok);
+    rules.q3resetdefaults_Click();
+    EXPECT_EQ(world.files.content("C:\\gh\\default.ghc"), original);
+    EXPECT_EQ(world.dialogs.shown.back().text, "C:\\gh\\\\default.ghc has been reset to inital values.");
+    EXPECT_FALSE(rules.q3options.get());
+
+    world.files.denied.insert("c:\\gh\\default.ghc");
+    program.mtoolsoptions_Click();
+    rules.q3resetdefaults_Click();  // no box says that it was reset
+    EXPECT_FALSE(rules.q3options.get());
+}
+
+TEST_F(OptionsRulesTest, TheOptionsGoOnlyAfterAYesAndGoWhole) {
+    const auto before = world.settings.values;
+    world.dialogs.answer("UnRegister Gatehouse", Answer::No);
+    rules.unregister_Click();
+    EXPECT_EQ(world.settings.values, before);
+    EXPECT_TRUE(rules.q3options.get());
+    EXPECT_FALSE(world.events.ended);
+
+    program.run.ConfigChanged = false;
+    world.dialogs.answer("UnRegister Gatehouse", Answer::Yes);
+    rules.unregister_Click();
+    EXPECT_TRUE(world.settings.values.empty());
+    EXPECT_TRUE(world.events.ended);
+    EXPECT_FALSE(rules.q3options.get());
+    EXPECT_NE(world.files.content("C:\\gh\\20010203140506-errorlog.txt").find("Removing Gatehouse registry entries"),
+              std::string::npos);
+}
+
+}  // namespace
+}  // namespace gatehouse

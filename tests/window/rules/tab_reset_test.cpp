@@ -1,0 +1,97 @@
+#include "window/rules/tab_reset.h"
+
+#include "support/core/document_desk.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace gatehouse {
+namespace {
+
+class TabResetTest : public ::testing::Test {
+protected:
+    TabResetTest() {
+        desk.doc.modcombo.setIndex(0);
+        iplist.append({});
+        desk.doc.maplist.append({"001", "Q3DM1", ""});
+        models.loadStandardModels();
+        desk.flags.tbservers.setAll(true);
+        log.lines.clear();
+    }
+    fake::DocumentDesk desk;
+    SettingsDocument& doc = desk.doc;
+    fake::RecordingLog& log = desk.world.log;
+    ServerTable iplist;
+    ModelCatalog models{desk.world.files, log, desk.run};
+    KeyRules keys{doc.bindlist, desk.run, log};
+    Observable<std::string> tabKey{std::string("servers")};
+    std::string model;
+    TabReset reset{{desk.world.dialogs, log, desk.run, desk.flags, doc, iplist, models, keys, tabKey,
+                    [this](const std::string& path) { model = path; }}};
+};
+
+TEST_F(TabResetTest, ACurrentTabIsResetAloneAndWithoutAQuestion) {
+    for (const std::string key : {"servers", "help"}) {
+        tabKey.set(key);
+        reset.chooseReset("current");
+    }
+    reset.chooseReset("");
+    EXPECT_EQ(log.lines,
+              (std::vector<std::string>{"user chose to reset only the servers tab", "Resetting tab: Servers",
+                                        "user chose to reset only the help tab", "user canceled tab reset"}));
+    EXPECT_TRUE(iplist.empty() && desk.run.ServerListChanged && doc.maplist.count() == 1);
+    for (const std::size_t button : {1, 2, 3, 4, 5})
+        EXPECT_EQ(desk.flags.tbservers[button].get(), button == 1 || button == 5) << button;
+}
+
+TEST_F(TabResetTest, AllTabsAreResetOnceTheUserAgrees) {
+    std::set<std::string> kept;
+    for (FieldGroup* group : doc.groups()) {
+        for (Field* field : group->fields)
+            if (field->kind() == Field::Kind::Text) field->setValueText("99");
+    }
+    desk.world.dialogs.answer("Reset Tabs", Answer::No);
+    reset.chooseReset("all");
+    EXPECT_EQ(iplist.count(), 1);
+    log.lines.clear();
+    desk.world.dialogs.answer("Reset Tabs", Answer::Yes);
+    reset.chooseReset("all");
+    EXPECT_EQ(log.lines, (std::vector<std::string>{
+                             "user chose to reset all tabs", "Resetting tab: Server", "Resetting tab: Servers",
+                             "Resetting tab: Maps", "Resetting tab: Player", "unbound 40 commands OK",
+                             "Resetting tab: Video", "Resetting tab: Tweak 1", "Resetting tab: Tweak 2"}));
+    EXPECT_TRUE(iplist.empty() && doc.maplist.empty() && model == "Sarge\\Default");
+    for (const auto& [field, value] : {std::pair<const Field*, std::string>(&doc.fraglimit, "20"),
+                                       {&doc.q3texdetail, "3"},
+                                       {&doc.q3brightness, "200"},
+                                       {&doc.q3vidres, "3"},
+                                       {&doc.q3sexmale, "1"},
+                                       {&doc.q3sexfemale, "0"},
+                                       {&doc.ui_ffa_timelimit, "0"}})
+        EXPECT_EQ(field->valueText(), value) << field->name();
+    for (FieldGroup* group : doc.groups()) {
+        for (const Field* field : group->fields)
+            if (field->valueText() == "99") kept.insert(field->name());
+    }
+    EXPECT_EQ(kept, (std::set<std::string>{"q3randnum", "q3randskill", "sv_maxping", "sv_minping"}));
+}
+
+TEST_F(TabResetTest, ClearingTheMapsStopsWhatHostsThem) {
+    for (const std::int16_t mode : {kConnect, kListen, kDedicated, kBenchmark}) {
+        desk.run.CurrentMode.set(mode);
+        desk.flags.SetRunEnabled(true);
+        reset.ResetTabs("maps");
+        EXPECT_EQ(desk.flags.mfilerun.get(), mode == kConnect || mode == kBenchmark) << mode;
+    }
+}
+
+TEST_F(TabResetTest, AModWithoutGameTypesIsNoObstacle) {
+    desk.gameTypes.clear();
+    doc.modcombo.setIndex(1);
+    reset.ResetTabs("server");
+    EXPECT_EQ(doc.q3hostname.text(), "noname");
+}
+
+}  // namespace
+}  // namespace gatehouse
