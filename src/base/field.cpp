@@ -18,17 +18,17 @@ void Field::restoreDesign() {
     visible.set(true);
 }
 
-CheckField::CheckField(FieldGroup& group, const FieldSpec& spec, std::int16_t design)
-    : Field(group, Kind::Check, spec, {}), design_(design), value_(design) {}
+Int16Field::Int16Field(FieldGroup& group, Kind kind, const FieldSpec& spec, std::int16_t design)
+    : Field(group, kind, spec, {}), design_(design), value_(design) {}
 
-void CheckField::setValue(std::int16_t value) {
+void Int16Field::setValue(std::int16_t value) {
     if (value == value_) return;
     value_ = value;
     changed.emit();
 }
 
-std::string CheckField::valueText() const { return std::to_string(value_); }
-void CheckField::setValueText(const std::string& text) { setValue(strictInt16(text)); }
+std::string Int16Field::valueText() const { return std::to_string(value_); }
+void Int16Field::setValueText(const std::string& text) { setValue(strictInt16(text)); }
 
 TextField::TextField(FieldGroup& group, const FieldSpec& spec, std::string_view design, std::optional<Range> range)
     : TextField(group, Kind::Text, spec, design, range) {}
@@ -86,17 +86,5 @@ void SliderField::setPosition(int position) {
 
 std::string SliderField::valueText() const { return std::to_string(position_); }
 void SliderField::setValueText(const std::string& text) { setPosition(strictInt16(text)); }
-
-NumberField::NumberField(FieldGroup& group, const FieldSpec& spec, std::int16_t design)
-    : Field(group, Kind::Number, spec, {}), design_(design), value_(design) {}
-
-void NumberField::setValue(std::int16_t value) {
-    if (value == value_) return;
-    value_ = value;
-    changed.emit();
-}
-
-std::string NumberField::valueText() const { return std::to_string(value_); }
-void NumberField::setValueText(const std::string& text) { setValue(strictInt16(text)); }
 
 }  // namespace gatehouse

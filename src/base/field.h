@@ -76,19 +76,35 @@ private:
     std::optional<Range> range_;
 };
 
-/// A whole number with the two states of a check box, 0 and 1; a document may give it any other number.
-class CheckField : public Field {
+/// A whole number of 16 bits.
+class Int16Field : public Field {
 public:
-    CheckField(FieldGroup& group, const FieldSpec& spec, std::int16_t design = 0);
     std::int16_t value() const { return value_; }
     void setValue(std::int16_t value);
     std::string valueText() const override;
     void setValueText(const std::string& text) override;
 
+protected:
+    Int16Field(FieldGroup& group, Kind kind, const FieldSpec& spec, std::int16_t design);
+
 private:
     void restoreValue() override { setValue(design_); }
     std::int16_t design_;
     std::int16_t value_;
+};
+
+/// A whole number with the two states of a check box, 0 and 1; a document may give it any other number.
+class CheckField : public Int16Field {
+public:
+    CheckField(FieldGroup& group, const FieldSpec& spec, std::int16_t design = 0)
+        : Int16Field(group, Kind::Check, spec, design) {}
+};
+
+/// A 16-bit number with no control of its own.
+class NumberField : public Int16Field {
+public:
+    NumberField(FieldGroup& group, const FieldSpec& spec, std::int16_t design = 0)
+        : Int16Field(group, Kind::Number, spec, design) {}
 };
 
 /// An exact text, blanks included. With a range it has spin buttons; a typed value may lie outside of it.
@@ -161,21 +177,6 @@ private:
     void restoreValue() override { setPosition(design_); }
     int design_;
     int position_;
-};
-
-/// A 16-bit number with no control of its own.
-class NumberField : public Field {
-public:
-    NumberField(FieldGroup& group, const FieldSpec& spec, std::int16_t design = 0);
-    std::int16_t value() const { return value_; }
-    void setValue(std::int16_t value);
-    std::string valueText() const override;
-    void setValueText(const std::string& text) override;
-
-private:
-    void restoreValue() override { setValue(design_); }
-    std::int16_t design_;
-    std::int16_t value_;
 };
 
 }  // namespace gatehouse
