@@ -51,7 +51,15 @@ ModeRules::ModeRules(RunState& run, CommandFlags& flags, SettingsDocument& docum
       document_(document),
       iplist_(iplist),
       log_(log),
-      loadBenchmarkLists_(std::move(loadBenchmarkLists)) {}
+      loadBenchmarkLists_(std::move(loadBenchmarkLists)) {
+    iplist_.rowInserted.connect([this](int) { serverCountChanged(); });
+    iplist_.rowRemoved.connect([this](int) { serverCountChanged(); });
+    iplist_.reset.connect([this] { serverCountChanged(); });
+}
+
+void ModeRules::serverCountChanged() {
+    if (run_.CurrentMode.get() == kConnect) flags_.SetRunEnabled(!iplist_.empty());
+}
 
 void ModeRules::sbar_GroupClick(std::int16_t group) {
     if (group < 1 || group > static_cast<int>(kModes.size()))

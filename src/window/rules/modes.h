@@ -72,6 +72,8 @@ public:
 
 private:
     void enterFrame(Frame frame);
+    /// A client needs a server to connect to.
+    void serverCountChanged();
 
     RunState& run_;
     CommandFlags& flags_;

@@ -40,6 +40,20 @@ TEST_F(ModesTest, RunIsOfferedWhereAModeHasWhatItNeeds) {
     for (const std::int16_t mode : std::initializer_list<std::int16_t>{0, 5, -1}) EXPECT_THROW(rules.sbar_GroupClick(mode), RuntimeFailure);
 }
 
+TEST_F(ModesTest, TheFirstAndTheLastServerSwitchTheRunInConnectModeAlone) {
+    rules.sbar_GroupClick(kConnect);
+    iplist.append({});
+    EXPECT_TRUE(flags.mfilerun.get());
+    iplist.remove(1);
+    EXPECT_FALSE(flags.mfilerun.get());
+    iplist.append({});
+    iplist.clear();
+    EXPECT_FALSE(flags.mfilerun.get());
+    rules.sbar_GroupClick(kListen);
+    iplist.append({});
+    EXPECT_FALSE(flags.mfilerun.get());
+}
+
 TEST_F(ModesTest, EnteringAModeShowsItsSecondTabOrInAFirstRunItsHelp) {
     const Frame second[] = {kServersFrame, kServerFrame, kServerFrame, kBenchmarkFrame};
     for (const std::int16_t mode : std::initializer_list<std::int16_t>{kConnect, kListen, kDedicated, kBenchmark}) {
