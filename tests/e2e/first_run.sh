@@ -22,8 +22,19 @@ done
 [[ -s $scratch/display ]] || fail 'no display'
 DISPLAY=:$(cat "$scratch/display")
 export DISPLAY
-(cd "$scratch" && HOME=$scratch XDG_CONFIG_HOME=$scratch XDG_CACHE_HOME=$scratch/openbox exec openbox) >/dev/null 2>&1 &
-started_pids+=($!)
+
+# A manager that did not come up would leave every window without the keyboard: it gets a second and a third try.
+start_manager() {
+    local tries
+    (cd "$scratch" && HOME=$scratch XDG_CONFIG_HOME=$scratch XDG_CACHE_HOME=$scratch/openbox exec openbox) >/dev/null 2>&1 &
+    started_pids+=($!)
+    for ((tries = 0; tries < 50; tries++)); do
+        xdotool get_desktop >/dev/null 2>&1 && return 0
+        sleep 0.1
+    done
+    return 1
+}
+start_manager || start_manager || start_manager || fail 'no window manager'
 
 picture() {
     if [[ -n ${PICTURES:-} ]]; then import -window root "$PICTURES/$1.png"; fi
