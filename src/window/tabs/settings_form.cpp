@@ -55,7 +55,7 @@ bool takesWheel(const QWidget& widget) {
 SettingsForm::SettingsForm(const FormPlan& plan, QWidget* parent) : QScrollArea(parent) {
     auto* body = new QWidget;
     columns_ = new QBoxLayout(QBoxLayout::LeftToRight, body);
-    columns_->setContentsMargins(0, 0, kRowGap, 0);
+    columns_->setContentsMargins(0, kRowGap, kRowGap, kRowGap);
     columns_->addWidget(makeColumn(plan.left), 1);
     columns_->addWidget(makeColumn(plan.right), 1);
     body->setMaximumWidth(kWidestForm * fontMetrics().averageCharWidth());

@@ -8,7 +8,7 @@ namespace gatehouse {
 QWidget* makeServerTab(SettingsDocument& doc) {
     // What comes and goes with the game type is last in its column, so that nothing else moves.
     return new SettingsForm({
-        .left = {{"Server", {{doc.q3hostname}, {doc.q3motd}}},
+        .left = {{"Welcome", {{doc.q3hostname}, {doc.q3motd}}},
                  {"Game",
                   {{doc.modcombo},
                    {doc.q3gametype},
