@@ -41,6 +41,15 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
       optionsRules({services.files, finder, services.dialogs, services.viewers, log, store, run, options, documents,
                     [this] { return log.LogPath(); }, [this] { closeAllWindows(); }}) {
     doc.markChanges(run);
+    for (Observable<bool>* form : forms()) {
+        formsClosed_.emplace_back(form->changed, std::function<void()>([this, form] {
+                                      if (!form->get() && !closing_) q3_Activate();
+                                  }));
+    }
+}
+
+std::vector<Observable<bool>*> Gatehouse::forms() {
+    return {&optionsRules.q3options, &tabReset.q3resetprompt, &q3about};
 }
 
 void Gatehouse::selectModel(const std::string& path) {
@@ -56,6 +65,16 @@ void Gatehouse::mtoolsconsole_Click() {
     q3.height.set(run.ShowConsole.get() ? MainView::kHeightWithConsole : MainView::kHeight);
 }
 
+void Gatehouse::mhelpabout_Click() {
+    log.logEvent("about dialog loaded");
+    q3about.set(true);
+}
+
+void Gatehouse::q3aboutOK_Click() {
+    q3about.set(false);
+    log.logEvent("about dialog closed");
+}
+
 void Gatehouse::q3_Activate() {
     if (doc.q3botlist.empty()) flags.q3botdel.set(false);
     if (!doc.maplist.empty()) doc.maplist.setCurrent(1);
@@ -69,6 +88,7 @@ void Gatehouse::closeAllWindows() {
     if (closing_) return;
     closing_ = true;
     if (q3.loaded && !unloading_) q3_Unload();
+    for (Observable<bool>* form : forms()) form->set(false);
     q3.restoreDesign();
     splash.restoreDesign();
     optionsRules.restoreDesign();

@@ -32,6 +32,7 @@
 
 #include <exception>
 #include <string>
+#include <vector>
 
 namespace gatehouse {
 
@@ -57,6 +58,9 @@ public:
     void mfilerun_Click() { launcher.mfilerun_Click(); }
     void mfileexit_Click() { q3_Unload(); }
     void mtoolsconsole_Click();
+    void mtoolsreset_Click() { tabReset.mtoolsreset_Click(); }
+    void mhelpabout_Click();
+    void q3aboutOK_Click();
     void mtoolsoptions_Click() { optionsRules.mtoolsoptions_Click(); }
 
     /// Exit status of the process: 1 for a named document that can't be opened, and for a run-and-leave whose run failed.
@@ -68,6 +72,9 @@ public:
     std::string handleFatal(const std::exception& failure, bool canShow);
 
 private:
+    /// The forms that come up over the main window.
+    std::vector<Observable<bool>*> forms();
+
     const Services& services_;
     std::string programFolder_;
 
@@ -77,6 +84,7 @@ public:
     OptionsForm options;
     SplashView splash;
     MainView q3;
+    Observable<bool> q3about{false};  ///< the about box is on show
     EventLog log;
     OptionStore store;
     OptionKeeper optionKeeper;
@@ -130,6 +138,7 @@ private:
     bool hasServers() const override { return !iplist.empty(); }
     void sbar_GroupClick(std::int16_t group) override { modes.sbar_GroupClick(group); }
 
+    std::vector<Connection> formsClosed_;
     bool ready_ = false;        ///< the main window was shown
     bool closing_ = false;      ///< inside `closeAllWindows`
     bool unloading_ = false;    ///< inside `q3_Unload`

@@ -4,6 +4,7 @@
 #include "startup/gatehouse.h"
 #include "window/dialogs/about_dialog.h"
 #include "window/dialogs/options_dialog.h"
+#include "window/dialogs/reset_prompt.h"
 #include "window/tabs/settings_tabs.h"
 #include "window/tabs/table_tabs.h"
 #include "window/widgets/binders.h"
@@ -26,6 +27,8 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+
+#include <utility>
 
 namespace gatehouse {
 
@@ -98,6 +101,11 @@ void MainWindow::makeActions() {
     mtoolsconsole_ = makeAction("mtoolsconsole", tr("&Console"), {QKeySequence(Qt::Key_F12)});
     bindSwitch(*mtoolsconsole_, program_.run.ShowConsole, [this] { program_.mtoolsconsole_Click(); });
 
+    mtoolsreset_ = makeAction("mtoolsreset", tr("&Reset Tabs..."), {});
+    mtoolsreset_->setIcon(icon("reset"));
+    mtoolsreset_->setToolTip(tr("Put the settings of this tab, or of all tabs, back to what they were at first"));
+    connect(mtoolsreset_, &QAction::triggered, this, [this] { program_.mtoolsreset_Click(); });
+
     mtoolsoptions_ = makeAction("mtoolsoptions", tr("&Options..."), {});
     mtoolsoptions_->setIcon(icon("options"));
     mtoolsoptions_->setMenuRole(QAction::PreferencesRole);
@@ -107,7 +115,7 @@ void MainWindow::makeActions() {
     mhelpabout_ = makeAction("mhelpabout", tr("&About..."), {});
     mhelpabout_->setIcon(icon("about"));
     mhelpabout_->setMenuRole(QAction::AboutRole);
-    connect(mhelpabout_, &QAction::triggered, this, &MainWindow::mhelpabout_Click);
+    connect(mhelpabout_, &QAction::triggered, this, [this] { program_.mhelpabout_Click(); });
 }
 
 void MainWindow::makeMenus() {
@@ -118,7 +126,7 @@ void MainWindow::makeMenus() {
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
     tools->addAction(mtoolsconsole_);
     tools->addSeparator();
-    tools->addAction(mtoolsoptions_);
+    tools->addActions({mtoolsreset_, mtoolsoptions_});
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(mhelpabout_);
 }
@@ -138,6 +146,7 @@ void MainWindow::makeToolBar() {
     addButton(mfileopen_, "Open", tr("Open"));
     addButton(mfilesave_, "Save", tr("Save"));
     addButton(mfilerun_, "Run", tr("Run"));
+    addButton(mtoolsreset_, "Reset", tr("Reset"));
     addButton(mtoolsoptions_, "Options", tr("Options"));
     addToolBar(bar);
 }
@@ -214,16 +223,18 @@ void MainWindow::showClock() {
     QTimer::singleShot(kMillisecondsPerMinute - sinceMinute, Qt::PreciseTimer, this, &MainWindow::showClock);
 }
 
-void MainWindow::mhelpabout_Click() {
-    if (!q3about_) q3about_ = new AboutDialog(program_.run, program_.log, this);
-    q3about_->mhelpabout_Click();
+void MainWindow::offerForm(Observable<bool>& form, std::function<void()> makeView) {
+    listen(this, form.changed, [&form, makeView = std::move(makeView), made = false]() mutable {
+        if (form.get() && !std::exchange(made, true)) makeView();
+    });
 }
 
 void MainWindow::followProgram() {
     follow(this, program_.run.title, [this](const std::string& title) { setWindowTitle(windowTitleText(title)); });
-    listen(this, program_.optionsRules.q3options.changed, [this] {
-        if (!q3options_) q3options_ = new OptionsDialog(program_.options, program_.optionsRules, this);
-    });
+    offerForm(program_.q3about, [this] { new AboutDialog(program_, this); });
+    offerForm(program_.tabReset.q3resetprompt, [this] { new ResetPrompt(program_.tabReset, this); });
+    offerForm(program_.optionsRules.q3options,
+              [this] { new OptionsDialog(program_.options, program_.optionsRules, this); });
     MainView& view = program_.q3;
     const auto size = [this, &view] { resizeTo(view.width.get(), view.height.get()); };
     size();

@@ -1,18 +1,18 @@
 #pragma once
 
+#include "base/observable.h"
+
 #include <QMainWindow>
 
 #include <functional>
 
 class QAction;
-class QDialog;
 class QKeySequence;
 class QLabel;
 class QStackedWidget;
 
 namespace gatehouse {
 
-class AboutDialog;
 class Gatehouse;
 
 /// The main window `q3`. It shows what the program holds and hands on what a person does; it decides nothing. Hidden
@@ -38,7 +38,8 @@ private:
     void followProgram();
     void resizeTo(int widthTwips, int heightTwips);
     void showClock();
-    void mhelpabout_Click();
+    /// Makes the view of a form when it is first wanted.
+    void offerForm(Observable<bool>& form, std::function<void()> makeView);
 
     Gatehouse& program_;
     QAction* mfileopen_;
@@ -46,11 +47,9 @@ private:
     QAction* mfilerun_;
     QAction* mfileexit_;
     QAction* mtoolsconsole_;
+    QAction* mtoolsreset_;
     QAction* mtoolsoptions_;
     QAction* mhelpabout_;
-    // Dialogs are made when they are first wanted.
-    AboutDialog* q3about_ = nullptr;
-    QDialog* q3options_ = nullptr;
     QLabel* clock_ = nullptr;
     QSize asked_;  ///< the size last asked for, in pixels
 };

@@ -96,31 +96,31 @@ TEST_F(OptionDialogsTest, EscapeStoresTheFolderAndAWrongOneKeepsTheDialogOpen) {
 }
 
 TEST_F(OptionDialogsTest, TheResetPromptAnswersOnceAndCancelIsItsFirstChoice) {
-    const Observable<std::string> tab{"video"};
-    std::vector<std::string> answers;
-    ResetPrompt prompt(world.log, tab, [&](const std::string& what) { answers.push_back(what); });
+    ResetPrompt prompt(program.tabReset);
     const auto press = [&](Qt::Key key, const char* button) {
-        prompt.ask();
+        program.mtoolsreset_Click();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&prompt));
         EXPECT_EQ(prompt.focusWidget()->objectName(), "q3resetcancel");
         if (button) find(prompt, button).setFocus();
         QTest::keyClick(prompt.focusWidget(), key);
         EXPECT_FALSE(prompt.isVisible());
     };
+    program.doc.q3playername.setText("Someone");
+    program.modes.TabKey.set("player");
     press(Qt::Key_Return, nullptr);
     press(Qt::Key_Escape, nullptr);
+    EXPECT_EQ(program.doc.q3playername.text(), "Someone");
     press(Qt::Key_Space, "q3resetcurrent");
+    EXPECT_EQ(program.doc.q3playername.text(), "Unnamed Player");
+    world.dialogs.answer("Reset Tabs", Answer::No);
     press(Qt::Key_Space, "q3resetall");
-    EXPECT_EQ(answers, (std::vector<std::string>{"", "", "current", "all"}));
-    EXPECT_EQ(world.log.lines,
-              (std::vector<std::string>{"user canceled tab reset", "user canceled tab reset",
-                                        "user chose to reset only the video tab", "user chose to reset all tabs"}));
+    EXPECT_EQ(world.dialogs.shown.size(), 1);
 }
 
 TEST_F(OptionDialogsTest, TheAboutBoxShowsVersionAndLicence) {
     program.run.VersionString = "00.03.03";
-    AboutDialog about(program.run, world.log);
-    about.mhelpabout_Click();
+    AboutDialog about(program);
+    program.mhelpabout_Click();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&about));
     EXPECT_EQ(find<QLabel>(about, "q3version").text(), "Version: 00.03.03");
     auto& licence = find<QPlainTextEdit>(about, "q3licence");
@@ -129,8 +129,7 @@ TEST_F(OptionDialogsTest, TheAboutBoxShowsVersionAndLicence) {
     EXPECT_TRUE(licence.isVisible());
     EXPECT_TRUE(licence.toPlainText().startsWith("MIT License"));
     QTest::keyClick(&about, Qt::Key_Escape);
-    EXPECT_FALSE(about.isVisible());
-    EXPECT_EQ(world.log.lines, (std::vector<std::string>{"about dialog loaded", "about dialog closed"}));
+    EXPECT_FALSE(about.isVisible() || program.q3about.get());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "platform/qt/native_paths.h"
 #include "platform/qt/shown_text.h"
+#include "startup/gatehouse.h"
 #include "window/widgets/icons.h"
 
 #include <QDesktopServices>
@@ -32,11 +33,11 @@ QString licenceText() {
 
 }  // namespace
 
-AboutDialog::AboutDialog(const RunState& run, Log& log, QWidget* parent)
-    : QDialog(parent), run_(run), log_(log), licence_(new QPlainTextEdit(licenceText(), this)) {
-    setObjectName("q3about");
+AboutDialog::AboutDialog(Gatehouse& program, QWidget* parent)
+    : FormDialog("q3about", program.q3about, parent),
+      program_(program),
+      licence_(new QPlainTextEdit(licenceText(), this)) {
     setWindowTitle(tr("About Gatehouse"));
-    setModal(true);
 
     auto* picture = new QLabel(this);
     picture->setObjectName("q3aboutpicture");
@@ -46,7 +47,7 @@ AboutDialog::AboutDialog(const RunState& run, Log& log, QWidget* parent)
     auto* texts = new QVBoxLayout;
     texts->setSpacing(kGap / 2);
     texts->addWidget(makeText("q3title", "Gatehouse", kTitleSize, true));
-    texts->addWidget(makeText("q3version", "Version: " + shown(run_.VersionString), 1, false));
+    texts->addWidget(makeText("q3version", "Version: " + shown(program_.run.VersionString), 1, false));
     texts->addWidget(makeText("q3purpose", tr("Settings and servers for Quake 3: Arena"), 1, false));
     auto* links = new QHBoxLayout;
     links->setSpacing(kGap);
@@ -75,7 +76,7 @@ AboutDialog::AboutDialog(const RunState& run, Log& log, QWidget* parent)
     auto* ok = new QPushButton(tr("OK"), this);
     ok->setObjectName("q3aboutOK");
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &AboutDialog::q3aboutOK_Click);
+    connect(ok, &QPushButton::clicked, this, &AboutDialog::reject);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(2 * kGap, 2 * kGap, 2 * kGap, kGap);
@@ -84,6 +85,7 @@ AboutDialog::AboutDialog(const RunState& run, Log& log, QWidget* parent)
     column->addWidget(licence_, 1);
     column->addWidget(ok, 0, Qt::AlignRight);
     ok->setFocus();
+    followForm();
 }
 
 QLabel* AboutDialog::makeText(const QString& name, const QString& text, double size, bool bold) {
@@ -110,21 +112,13 @@ QPushButton* AboutDialog::makeLink(const QString& name, const QString& text, con
     return link;
 }
 
-void AboutDialog::mhelpabout_Click() {
-    log_.logEvent("about dialog loaded");
-    show();
-}
-
-void AboutDialog::q3aboutOK_Click() {
-    hide();
-    log_.logEvent("about dialog closed");
-}
+void AboutDialog::reject() { program_.q3aboutOK_Click(); }
 
 void AboutDialog::openProgramFolder() {
-    const std::string native = resolveExisting(run_.AppDir).value_or(toNativePath(run_.AppDir));
+    const std::string native = resolveExisting(program_.run.AppDir).value_or(toNativePath(program_.run.AppDir));
     const QString folder = QFile::decodeName(QByteArray::fromStdString(native));
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
-        log_.logEvent("Can't open the folder " + run_.AppDir, true);
+        program_.log.logEvent("Can't open the folder " + program_.run.AppDir, true);
 }
 
 void AboutDialog::toggleLicence() {

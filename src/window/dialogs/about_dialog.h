@@ -1,9 +1,6 @@
 #pragma once
 
-#include "base/log.h"
-#include "base/run_state.h"
-
-#include <QDialog>
+#include "window/dialogs/form_dialog.h"
 
 class QLabel;
 class QPlainTextEdit;
@@ -11,18 +8,17 @@ class QPushButton;
 
 namespace gatehouse {
 
+class Gatehouse;
+
 /// The about box `q3about`: what this program is, where its files are, and its licence.
-class AboutDialog : public QDialog {
+class AboutDialog : public FormDialog {
     Q_OBJECT
 
 public:
-    /// Run and log must outlive the box.
-    AboutDialog(const RunState& run, Log& log, QWidget* parent = nullptr);
+    /// The program must outlive the box.
+    explicit AboutDialog(Gatehouse& program, QWidget* parent = nullptr);
 
-    void mhelpabout_Click();
-    /// Hides the box, as Escape does.
-    void q3aboutOK_Click();
-    void reject() override { q3aboutOK_Click(); }
+    void reject() override;
 
 private:
     QLabel* makeText(const QString& name, const QString& text, double size, bool bold);
@@ -30,8 +26,7 @@ private:
     void openProgramFolder();
     void toggleLicence();
 
-    const RunState& run_;
-    Log& log_;
+    Gatehouse& program_;
     QPlainTextEdit* licence_;
 };
 

@@ -30,16 +30,14 @@ constexpr int kClickMilliseconds = 10;
 }  // namespace
 
 OptionsDialog::OptionsDialog(OptionsForm& form, OptionsRules& rules, QWidget* parent)
-    : QDialog(parent), form_(form), rules_(rules) {
-    setObjectName("q3options");
+    : FormDialog("q3options", rules.q3options, parent), form_(form), rules_(rules) {
     setWindowTitle(tr("Options"));
-    setModal(true);
     auto* column = new QVBoxLayout(this);
     column->setSpacing(2 * kSectionGap);
     column->addWidget(makeFields());
     column->addStretch(1);
     column->addLayout(makeButtons());
-    follow(this, rules_.q3options, [this](bool visible) { setVisible(visible); });
+    followForm();
 }
 
 void OptionsDialog::reject() { run(&OptionsRules::optionsOK_Click); }
@@ -155,7 +153,7 @@ bool OptionsDialog::eventFilter(QObject* watched, QEvent* event) {
         // Another window or the line's own menu is no leaving.
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) settleFolderSoon();
     }
-    return QDialog::eventFilter(watched, event);
+    return FormDialog::eventFilter(watched, event);
 }
 
 void OptionsDialog::settleFolderSoon() {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDialog>
+#include "window/dialogs/form_dialog.h"
+
 
 #include <string_view>
 
@@ -18,7 +19,7 @@ class TextField;
 struct OptionsForm;
 
 /// The dialog `q3options`. What is changed in it holds at once: there is nothing to cancel, and Escape is as good as OK.
-class OptionsDialog : public QDialog {
+class OptionsDialog : public FormDialog {
     Q_OBJECT
 
 public:

@@ -1,12 +1,11 @@
 #include "window/dialogs/reset_prompt.h"
 
+#include "window/rules/tab_reset.h"
 #include "window/widgets/icons.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-
-#include <utility>
 
 namespace gatehouse {
 
@@ -17,12 +16,9 @@ constexpr int kGap = 16;
 
 }  // namespace
 
-ResetPrompt::ResetPrompt(Log& log, const Observable<std::string>& tabKey,
-                         std::function<void(const std::string&)> chosen, QWidget* parent)
-    : QDialog(parent), log_(log), tabKey_(tabKey), chosen_(std::move(chosen)) {
-    setObjectName("q3resetprompt");
+ResetPrompt::ResetPrompt(TabReset& reset, QWidget* parent)
+    : FormDialog("q3resetprompt", reset.q3resetprompt, parent), reset_(reset) {
     setWindowTitle(tr("Reset Tab/Tabs"));
-    setModal(true);
 
     auto* picture = new QLabel(this);
     picture->setPixmap(icon("reset").pixmap(QSize(kPictureSide, kPictureSide), devicePixelRatioF()));
@@ -34,14 +30,10 @@ ResetPrompt::ResetPrompt(Log& log, const Observable<std::string>& tabKey,
     upper->addWidget(picture);
     upper->addWidget(question, 1);
 
-    QPushButton* current = makeButton("q3resetcurrent", tr("C&urrent"));
-    QPushButton* all = makeButton("q3resetall", tr("&All"));
-    cancel_ = makeButton("q3resetcancel", tr("Cancel"));
+    QPushButton* current = makeButton("q3resetcurrent", tr("C&urrent"), "current");
+    QPushButton* all = makeButton("q3resetall", tr("&All"), "all");
+    cancel_ = makeButton("q3resetcancel", tr("Cancel"), "");
     cancel_->setDefault(true);
-    connect(current, &QPushButton::clicked, this,
-            [this] { answer("current", "user chose to reset only the " + tabKey_.get() + " tab"); });
-    connect(all, &QPushButton::clicked, this, [this] { answer("all", "user chose to reset all tabs"); });
-    connect(cancel_, &QPushButton::clicked, this, &ResetPrompt::reject);
     auto* lower = new QHBoxLayout;
     lower->addStretch(1);
     for (QPushButton* button : {current, all, cancel_}) lower->addWidget(button);
@@ -52,23 +44,18 @@ ResetPrompt::ResetPrompt(Log& log, const Observable<std::string>& tabKey,
     column->addLayout(upper);
     column->addLayout(lower);
     column->setSizeConstraint(QLayout::SetFixedSize);
+    followForm();
 }
 
-QPushButton* ResetPrompt::makeButton(const QString& name, const QString& text) {
+QPushButton* ResetPrompt::makeButton(const QString& name, const QString& text, std::string_view word) {
     auto* button = new QPushButton(text, this);
     button->setObjectName(name);
+    connect(button, &QPushButton::clicked, this, [this, word] { reset_.chooseReset(word); });
     return button;
 }
 
-void ResetPrompt::ask() {
-    cancel_->setFocus();
-    show();
-}
+void ResetPrompt::reject() { reset_.chooseReset(""); }
 
-void ResetPrompt::answer(const std::string& what, const std::string& report) {
-    log_.logEvent(report);
-    hide();
-    chosen_(what);
-}
+void ResetPrompt::comeUp() { cancel_->setFocus(); }
 
 }  // namespace gatehouse

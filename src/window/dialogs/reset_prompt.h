@@ -1,37 +1,33 @@
 #pragma once
 
-#include "base/log.h"
-#include "base/observable.h"
+#include "window/dialogs/form_dialog.h"
 
-#include <QDialog>
-
-#include <functional>
-#include <string>
+#include <string_view>
 
 class QPushButton;
 
 namespace gatehouse {
 
-/// The dialog `q3resetprompt`: asks whether all tabs are to be reset or the current one.
-class ResetPrompt : public QDialog {
+class TabReset;
+
+/// The dialog `q3resetprompt`: asks whether all tabs are to be reset or the current one. Comes up with the focus on the
+/// button that does nothing.
+class ResetPrompt : public FormDialog {
     Q_OBJECT
 
 public:
-    /// `chosen` gets "current", "all", or an empty text. Log and key must outlive the prompt.
-    ResetPrompt(Log& log, const Observable<std::string>& tabKey, std::function<void(const std::string&)> chosen,
-                QWidget* parent = nullptr);
+    /// The commands must outlive the prompt.
+    explicit ResetPrompt(TabReset& reset, QWidget* parent = nullptr);
 
-    /// Opens it, with the focus on the button that does nothing.
-    void ask();
-    void reject() override { answer("", "user canceled tab reset"); }
+    void reject() override;
+
+protected:
+    void comeUp() override;
 
 private:
-    QPushButton* makeButton(const QString& name, const QString& text);
-    void answer(const std::string& what, const std::string& report);
+    QPushButton* makeButton(const QString& name, const QString& text, std::string_view word);
 
-    Log& log_;
-    const Observable<std::string>& tabKey_;
-    std::function<void(const std::string&)> chosen_;
+    TabReset& reset_;
     QPushButton* cancel_ = nullptr;
 };
 

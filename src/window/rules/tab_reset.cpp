@@ -91,16 +91,15 @@ TabReset::TabReset(TabResetParts parts)
             {"tweak2", "Tweak 2", {}, tweak2Values(parts_.doc)}} {}
 
 void TabReset::chooseReset(std::string_view word) {
-    if (word == kAll) {
+    const std::string key(word == kCurrent ? std::string_view(parts_.TabKey.get()) : word);
+    if (key.empty())
+        parts_.log.logEvent("user canceled tab reset");
+    else if (word == kAll)
         parts_.log.logEvent("user chose to reset all tabs");
-        return ResetTabs(kAll);
-    }
-    if (word == kCurrent) {
-        const std::string key = parts_.TabKey.get();
+    else
         parts_.log.logEvent("user chose to reset only the " + key + " tab");
-        return ResetTabs(key);
-    }
-    parts_.log.logEvent("user canceled tab reset");
+    q3resetprompt.set(false);
+    if (!key.empty()) ResetTabs(key);
 }
 
 void TabReset::ResetTabs(std::string_view what) {

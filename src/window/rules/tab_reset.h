@@ -38,7 +38,10 @@ public:
     TabReset(const TabReset&) = delete;
     TabReset& operator=(const TabReset&) = delete;
 
-    /// What follows a button of the dialog `q3resetprompt`: "current", "all", or nothing for a cancel.
+    /// The dialog that asks whether all tabs are meant or the current one.
+    Observable<bool> q3resetprompt{false};
+    void mtoolsreset_Click() { q3resetprompt.set(true); }
+    /// What follows a button of the dialog: "current", "all", or nothing for a cancel.
     void chooseReset(std::string_view word);
     /// Resets "all" tabs, once the user agrees, or the one of this key. A tab without settings does nothing.
     void ResetTabs(std::string_view what);
