@@ -18,6 +18,12 @@ void Field::restoreDesign() {
     visible.set(true);
 }
 
+std::string Field::title() const {
+    std::string text(spec_.caption.empty() ? spec_.name : spec_.caption);
+    if (text.ends_with(':')) text.pop_back();
+    return text;
+}
+
 Int16Field::Int16Field(FieldGroup& group, Kind kind, const FieldSpec& spec, std::int16_t design)
     : Field(group, kind, spec, {}), design_(design), value_(design) {}
 

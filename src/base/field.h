@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/edits.h"
 #include "base/observable.h"
 #include "base/signal.h"
 
@@ -7,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace gatehouse {
@@ -61,9 +63,20 @@ public:
     /// Puts value, enabled and visible back to what they were before any document.
     void restoreDesign();
 
+    /// The caption without its colon; the name where there is none.
+    std::string title() const;
+    /// Runs a change of this field that a person makes.
+    template <class Change>
+    void edit(Change&& change) {
+        edits.make(title(), std::forward<Change>(change));
+    }
+
     Observable<bool> enabled{true};
     Observable<bool> visible{true};
     Signal<> changed;
+    Edits edits;
+    /// A person has done with the field: the next edit is another one.
+    Signal<> left;
 
 protected:
     Field(FieldGroup& group, Kind kind, const FieldSpec& spec, std::optional<Range> range);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/edits.h"
 #include "base/runtime_failure.h"
 #include "base/signal.h"
 
@@ -85,6 +86,22 @@ public:
         currentChanged.emit();
     }
 
+    /// A copy of all rows.
+    std::vector<Row> rows() const {
+        std::vector<Row> all;
+        all.reserve(rows_.size());
+        for (const Entry& entry : rows_) all.push_back(entry.row);
+        return all;
+    }
+    /// Puts other rows in the place of all; the row at `current`, or the last one before it, is current then.
+    void setRows(std::vector<Row> rows, int current) {
+        rows_.clear();
+        for (Row& row : rows) rows_.push_back({std::move(row), false});
+        current_ = std::clamp(current, std::min(1, count()), count());
+        reset.emit();
+        currentChanged.emit();
+    }
+
     int current() const { return current_; }
     /// Fails for a position that is neither 0 nor a row.
     void setCurrent(int position) {
@@ -155,6 +172,7 @@ public:
     Signal<> reset;
     Signal<> currentChanged;
     Signal<> selectionChanged;
+    Edits edits;
 
 private:
     struct Entry {

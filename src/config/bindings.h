@@ -22,6 +22,7 @@ struct KeyBinding {
     std::string label;  ///< the bound key's name for the user
     std::string tag;    ///< name of the key button chosen; empty when never bound, "NOTHING" when set to no key
     BindingKind kind = BindingKind::Action;
+    friend bool operator==(const KeyBinding&, const KeyBinding&) = default;
 };
 
 using BindingTable = Table<KeyBinding>;

@@ -13,6 +13,7 @@ struct BotEntry {
     std::string name;
     std::string skill;
     std::string team;
+    friend bool operator==(const BotEntry&, const BotEntry&) = default;
 };
 
 using BotTable = Table<BotEntry>;

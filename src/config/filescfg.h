@@ -69,6 +69,9 @@ public:
     /// can't be taken; what stands before it stays applied.
     bool loadConfig(const std::string& path);
 
+    /// A document has been applied to its end.
+    Signal<> loaded;
+
     void mfileopen_Click();
     void mfilesave_Click();
 

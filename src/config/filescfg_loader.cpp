@@ -90,6 +90,7 @@ bool ConfigDocuments::loadConfig(const std::string& path) {
     parts_.run.title.set(lower(parts_.run.CurrentConfigPath));
     // Last: the changes of the fields have set it on the way.
     parts_.run.ConfigChanged = false;
+    loaded.emit();
     return true;
 }
 

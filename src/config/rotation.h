@@ -11,6 +11,7 @@ struct RotationRow {
     std::string position;     ///< "001", "002", ...
     std::string name;         ///< map name; may carry the blank that ended it, every reader trims
     std::string description;
+    friend bool operator==(const RotationRow&, const RotationRow&) = default;
 };
 
 using Rotation = Table<RotationRow>;

@@ -256,6 +256,9 @@ struct SettingsDocument {
     NumberField ui_ctf_timelimit{limits, {"ui_ctf_timelimit"}};
     NumberField ui_ctf_friendly{limits, {"ui_ctf_friendly"}};
 
+    /// A change by a person that touches more than one field or table.
+    Edits edits;
+
     Rotation maplist;
     BotTable q3botlist;
     BindingTable bindlist;

@@ -45,6 +45,19 @@ void ModTable::setCurrentMod(int index) {
     current_ = static_cast<std::int16_t>(index);
 }
 
+std::vector<std::string> ModTable::values() const {
+    std::vector<std::string> values;
+    for (const ModEntry& mod : entries_)
+        for (const ModOption& option : mod.options) values.push_back(option.value);
+    return values;
+}
+
+void ModTable::setValues(const std::vector<std::string>& values) {
+    std::size_t next = 0;
+    for (ModEntry& mod : entries_)
+        for (ModOption& option : mod.options) option.value = values.at(next++);
+}
+
 std::vector<ModVariable> ModTable::variables() const {
     const ModEntry& mod = current();
     std::vector<ModVariable> variables;

@@ -65,6 +65,11 @@ public:
     ModEntry& current() { return at(current_); }
     const ModEntry& current() const { return at(current_); }
 
+    /// The values of all options of all mods.
+    std::vector<std::string> values() const;
+    /// Fails unless there is a value for each option.
+    void setValues(const std::vector<std::string>& values);
+
     std::vector<ModVariable> variables() const;
     void setVariable(const std::string& name, const std::string& value);
 

@@ -39,13 +39,28 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
       launcher({services.files, services.processes, services.dialogs, log, run, doc, mods, iplist,
                 options.q3runoptions, options.extracmdline, gameConfig, [this] { benchmark(); }}),
       optionsRules({services.files, finder, services.dialogs, services.viewers, log, store, run, options, documents,
-                    [this] { return log.LogPath(); }, [this] { closeAllWindows(); }}) {
+                    [this] { return log.LogPath(); }, [this] { closeAllWindows(); }}),
+      history(doc, run, log, outsideValues(), [this] { rotationRestored(); }) {
     doc.markChanges(run);
+    connections_.emplace_back(documents.loaded, std::function<void()>([this] { history.startAnew(); }));
     for (Observable<bool>* form : forms()) {
-        formsClosed_.emplace_back(form->changed, std::function<void()>([this, form] {
+        connections_.emplace_back(form->changed, std::function<void()>([this, form] {
                                       if (!form->get() && !closing_) q3_Activate();
                                   }));
     }
+}
+
+std::vector<OutsideValue> Gatehouse::outsideValues() {
+    using Texts = std::vector<std::string>;
+    return {{.get = [this] { return Texts{models.mdltree.current() == 0 ? std::string() : models.selectedModel()}; },
+             .set = [this](const Texts& path) { selectModel(path.front()); }},
+            {.get = [this] { return mods.values(); }, .set = [this](const Texts& values) { mods.setValues(values); }}};
+}
+
+void Gatehouse::rotationRestored() {
+    maps.unmarkAll();
+    maps.markRotation(doc.maplist);
+    rotationRules.rotationRestored();
 }
 
 std::vector<Observable<bool>*> Gatehouse::forms() {
@@ -102,6 +117,7 @@ void Gatehouse::closeAllWindows() {
     flags.restoreDesign();
     botsRules.restoreDesign();
     rotationRules.restoreDesign();
+    history.startAnew();
     run.CurrentMode.set(kConnect);
     run.title.set("Gatehouse: ");
     run.ConfigChanged = false;  // putting the fields back has set it

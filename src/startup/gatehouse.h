@@ -4,6 +4,7 @@
 #include "base/run_state.h"
 #include "base/table.h"
 #include "config/document_host.h"
+#include "config/edit_history.h"
 #include "config/filescfg.h"
 #include "config/settings_document.h"
 #include "content/map_catalog.h"
@@ -57,6 +58,8 @@ public:
     void mfilesave_Click() { documents.mfilesave_Click(); }
     void mfilerun_Click() { launcher.mfilerun_Click(); }
     void mfileexit_Click() { q3_Unload(); }
+    void meditundo_Click() { history.undo(); }
+    void meditredo_Click() { history.redo(); }
     void mtoolsconsole_Click();
     void mtoolsreset_Click() { tabReset.mtoolsreset_Click(); }
     void mhelpabout_Click();
@@ -109,6 +112,7 @@ public:
     GameConfig gameConfig;
     RunCommand launcher;
     OptionsRules optionsRules;
+    EditHistory history;
 
 private:
     // Steps of the load sequence.
@@ -126,6 +130,8 @@ private:
     void showMainWindow();
 
     void benchmark();
+    std::vector<OutsideValue> outsideValues();
+    void rotationRestored();
     void mendOptions(const DocumentFailure& failure);
 
     // DocumentHost
@@ -138,7 +144,7 @@ private:
     bool hasServers() const override { return !iplist.empty(); }
     void sbar_GroupClick(std::int16_t group) override { modes.sbar_GroupClick(group); }
 
-    std::vector<Connection> formsClosed_;
+    std::vector<Connection> connections_;
     bool ready_ = false;        ///< the main window was shown
     bool closing_ = false;      ///< inside `closeAllWindows`
     bool unloading_ = false;    ///< inside `q3_Unload`

@@ -42,6 +42,11 @@ constexpr int kMillisecondsPerMinute = 60'000;
 /// A title is shown as it stands, though the toolkit reads "[*]" in it as a mark of its own.
 QString windowTitleText(const std::string& title) { return shown(title).replace("[*]", "[*][*]"); }
 
+/// "Undo" with what it undoes.
+void nameStep(QAction& action, const QString& command, const std::string& name) {
+    action.setText((command + ' ' + shown(name).replace('&', "&&")).trimmed());
+}
+
 /// What a frame holds; nothing for a tab that is still to come.
 QWidget* makeTabContent(Frame frame, Gatehouse& program) {
     SettingsDocument& doc = program.doc;
@@ -98,6 +103,18 @@ void MainWindow::makeActions() {
     mfileexit_->setMenuRole(QAction::QuitRole);
     connect(mfileexit_, &QAction::triggered, this, [this] { program_.mfileexit_Click(); });
 
+    EditHistory& history = program_.history;
+    meditundo_ = makeAction("meditundo", {}, {QKeySequence(Qt::CTRL | Qt::Key_Z)});
+    meditundo_->setIcon(icon("undo"));
+    bindCommand(*meditundo_, history.canUndo, [this] { program_.meditundo_Click(); });
+    follow(meditundo_, history.undoName, [this](const std::string& name) { nameStep(*meditundo_, tr("&Undo"), name); });
+
+    meditredo_ = makeAction("meditredo", {},
+                            {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    meditredo_->setIcon(icon("redo"));
+    bindCommand(*meditredo_, history.canRedo, [this] { program_.meditredo_Click(); });
+    follow(meditredo_, history.redoName, [this](const std::string& name) { nameStep(*meditredo_, tr("&Redo"), name); });
+
     mtoolsconsole_ = makeAction("mtoolsconsole", tr("&Console"), {QKeySequence(Qt::Key_F12)});
     bindSwitch(*mtoolsconsole_, program_.run.ShowConsole, [this] { program_.mtoolsconsole_Click(); });
 
@@ -123,6 +140,7 @@ void MainWindow::makeMenus() {
     file->addActions({mfileopen_, mfilesave_, mfilerun_});
     file->addSeparator();
     file->addAction(mfileexit_);
+    menuBar()->addMenu(tr("&Edit"))->addActions({meditundo_, meditredo_});
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
     tools->addAction(mtoolsconsole_);
     tools->addSeparator();

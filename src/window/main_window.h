@@ -46,6 +46,8 @@ private:
     QAction* mfilesave_;
     QAction* mfilerun_;
     QAction* mfileexit_;
+    QAction* meditundo_;
+    QAction* meditredo_;
     QAction* mtoolsconsole_;
     QAction* mtoolsreset_;
     QAction* mtoolsoptions_;

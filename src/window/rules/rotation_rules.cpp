@@ -44,7 +44,7 @@ void RotationRules::sortAndFocus() {
     giveFocus(kList);
 }
 
-void RotationRules::addToRotation() {
+void RotationRules::add() {
     if (focusPane != kTree || maptree_.current() == 0) return;
     const MapEntry node = maptree_.at(maptree_.current());
     if (!startsWith(node.key, "A") || node.used) return selectNextMap();
@@ -60,7 +60,7 @@ void RotationRules::addToRotation() {
     run_.ConfigChanged = true;
 }
 
-void RotationRules::removeFromRotation() {
+void RotationRules::remove() {
     const int selected = maplist_.current();
     if (focusPane != kList || selected == 0) return;
     const std::string map = trim(maplist_.at(selected).name) + " " + trim(maplist_.at(selected).description);
@@ -79,6 +79,14 @@ void RotationRules::removeFromRotation() {
     flags_.SetRunEnabled(rowsRemain);
     giveFocus(rowsRemain ? kList : kTree);
     run_.ConfigChanged = true;
+}
+
+void RotationRules::rotationRestored() {
+    const bool rows = !maplist_.empty();
+    flags_.mtool2[1].set(rows);
+    flags_.mtool1.setAll(rows);
+    const std::int16_t mode = run_.CurrentMode.get();
+    if (mode == kListen || mode == kDedicated) flags_.SetRunEnabled(rows);
 }
 
 void RotationRules::move(int step, std::string_view word) {

@@ -30,15 +30,27 @@ public:
     Signal<std::string_view> focusWanted;
 
     /// Puts the selected map into the rotation, only while the tree has the focus, and walks on to the next.
-    void addToRotation();
+    void addToRotation() {
+        maplist_.edits.make("Add Map", [this] { add(); });
+    }
     /// Takes the selected row out, only while the list has the focus. The last map of all stays marked as used.
-    void removeFromRotation();
-    void moveUp() { move(-1, "up"); }
-    void moveDown() { move(1, "down"); }
+    void removeFromRotation() {
+        maplist_.edits.make("Remove Map", [this] { remove(); });
+    }
+    void moveUp() {
+        maplist_.edits.make("Move Map Up", [this] { move(-1, "up"); });
+    }
+    void moveDown() {
+        maplist_.edits.make("Move Map Down", [this] { move(1, "down"); });
+    }
 
+    /// The rotation is another one: sets what can be done with it.
+    void rotationRestored();
     void restoreDesign() { focusPane.clear(); }
 
 private:
+    void add();
+    void remove();
     void giveFocus(std::string_view pane);
     void selectNextMap();
     /// Marks all nodes of that text, in any case, and returns the position of the last one, 0 if there is none.

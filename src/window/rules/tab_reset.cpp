@@ -112,8 +112,10 @@ void TabReset::ResetTabs(std::string_view what) {
                                     .buttons = Buttons::YesNo,
                                     .icon = Icon::Question}) != Answer::Yes)
         return;
-    for (const Tab& tab : tabs_)
-        if (all || tab.key == what) resetTab(tab);
+    parts_.doc.edits.make("Reset", [&] {
+        for (const Tab& tab : tabs_)
+            if (all || tab.key == what) resetTab(tab);
+    });
 }
 
 void TabReset::resetTab(const Tab& tab) {

@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSlider>
@@ -18,12 +19,6 @@
 namespace gatehouse {
 
 namespace {
-
-QString accessibleCaption(const Field& field) {
-    QString caption = shown(field.spec().caption);
-    if (caption.endsWith(':')) caption.chop(1);
-    return caption;
-}
 
 void bindStates(QWidget& widget, Field& field) {
     follow(&widget, field.enabled, [&widget](bool enabled) { widget.setEnabled(enabled); });
@@ -49,6 +44,17 @@ void followValue(QWidget& widget, Field& field, Show show) {
     listen(&widget, field.changed, std::move(show));
 }
 
+/// Leaves the keys of undo and redo to the program: a line's own would undo letters, and know nothing of the rest.
+class ProgramUndo : public QObject {
+public:
+    explicit ProgramUndo(QLineEdit* line) : QObject(line) {}
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::ShortcutOverride) return false;
+        const auto* key = static_cast<QKeyEvent*>(event);
+        return key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo);
+    }
+};
+
 bool isWholeNumber(const std::string& text) {
     try {
         strictInt16(text);
@@ -67,7 +73,7 @@ void showText(QLineEdit& line, const TextField& field) {
 template <class Widget>
 void bindText(Widget& widget, QLineEdit& line, TextField& field, Typed typed) {
     bindCommon(widget, field);
-    widget.setAccessibleName(accessibleCaption(field));
+    widget.setAccessibleName(shown(field.title()));
     // A document may hold a text of any length; the line must not cut it.
     line.setMaxLength(std::numeric_limits<int>::max());
     followValue(line, field, [&line, &field] { showText(line, field); });
@@ -75,20 +81,26 @@ void bindText(Widget& widget, QLineEdit& line, TextField& field, Typed typed) {
         // Bytes that show alike stay as they are: only what differs on the screen was typed.
         if (text == shown(field.text())) return;
         const std::string bytes = typedBytes(text);
-        if (typed == Typed::AnyText || isWholeNumber(bytes)) field.setText(bytes);
+        if (typed != Typed::AnyText && !isWholeNumber(bytes)) return;
+        field.edit([&field, &bytes] { field.setText(bytes); });
     });
-    if (typed == Typed::Number)
-        QObject::connect(&widget, &Widget::editingFinished, &line, [&line, &field] { showText(line, field); });
+    QObject::connect(&widget, &Widget::editingFinished, &line, [&line, &field, typed] {
+        if (typed == Typed::Number) showText(line, field);
+        field.left.emit();
+    });
+    line.installEventFilter(new ProgramUndo(&line));
 }
 
 }  // namespace
 
 void bind(QCheckBox& box, CheckField& field) {
     bindCommon(box, field);
-    box.setAccessibleName(accessibleCaption(field));
+    box.setAccessibleName(shown(field.title()));
     followValue(box, field, [&box, &field] { box.setChecked(field.value() != 0); });
     // Only a person's click is handed on: a document may tick a box with another number than 1, which stands.
-    QObject::connect(&box, &QCheckBox::clicked, &box, [&field](bool checked) { field.setValue(checked ? 1 : 0); });
+    QObject::connect(&box, &QCheckBox::clicked, &box, [&field](bool checked) {
+        field.edit([&field, checked] { field.setValue(checked ? 1 : 0); });
+    });
 }
 
 void bind(QLineEdit& line, TextField& field, Typed typed) { bindText(line, line, field, typed); }
@@ -110,17 +122,23 @@ void bind(QComboBox& list, ListField& field) {
     listen(&list, field.choicesChanged, refill);
     listen(&list, field.changed, showIndex);
     // Told of a person's choice only, so that a refill is silent.
-    QObject::connect(&list, &QComboBox::activated, &list, [&field](int index) { field.setIndex(index); });
+    QObject::connect(&list, &QComboBox::activated, &list, [&field](int index) {
+        field.edit([&field, index] { field.setIndex(index); });
+    });
 }
 
 void bind(QSlider& slider, SliderField& field) {
     bindCommon(slider, field);
-    slider.setAccessibleName(accessibleCaption(field));
+    slider.setAccessibleName(shown(field.title()));
     slider.setRange(field.range()->min, field.range()->max);
     slider.setSingleStep(field.range()->step);
     if (field.range()->page > 0) slider.setPageStep(field.range()->page);
     followValue(slider, field, [&slider, &field] { slider.setValue(field.position()); });
-    QObject::connect(&slider, &QSlider::valueChanged, &slider, [&field](int position) { field.setPosition(position); });
+    QObject::connect(&slider, &QSlider::valueChanged, &slider, [&field](int position) {
+        if (position == field.position()) return;  // shown, not moved
+        field.edit([&field, position] { field.setPosition(position); });
+    });
+    QObject::connect(&slider, &QSlider::sliderReleased, &slider, [&field] { field.left.emit(); });
 }
 
 void bind(QLabel& label, LabelField& field) {

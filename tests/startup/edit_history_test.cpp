@@ -1,0 +1,148 @@
+#include "startup/gatehouse.h"
+#include "support/core/fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace gatehouse {
+namespace {
+
+/// A started program with two mods, both with game types, options and keys.
+class EditHistoryTest : public testing::Test {
+protected:
+    EditHistoryTest() {
+        for (const char* file : {"aliases.txt", "default.ghs", "usermaps.txt", "usermdls.txt"})
+            world.files.put(std::string("C:\\gh\\") + file, "");
+        world.files.put("C:\\gh\\mods\\00-baseq3.ghm",
+                        "name Quake 3: Arena\r\ndir baseq3\r\ngtype 0 Free For All\r\ngtype 1 Tournament\r\n"
+                        "gtype 3 Teamplay\r\ngtype 4 CTF!\r\n");
+        world.files.put("C:\\gh\\mods\\01-other.ghm",
+                        "name Other\r\ndir other\r\ngtype 0 Melee\r\ngtype 3 Teams\r\nkeys 1\r\nkey Jump\r\ncmd +jump\r\n");
+        world.files.put("C:\\Q3\\quake3.exe", "");
+        world.files.put("C:\\Q3\\baseq3\\q3config.cfg", "");
+        world.files.addFolder("C:\\Q3\\other");
+        world.settings.values = {{"exepath", "C:\\Q3\\quake3.exe"}, {"basedir", "C:\\Q3\\"}, {"ghcdir", "C:\\gh\\"},
+                                 {"ghversion", "00.03.03"}};
+        program.StartupDriver();
+        program.botsRules.askBot = [](BotEntry&) { return true; };
+    }
+
+    std::string document() {
+        program.documents.writeRescue("C:\\gh\\now.txt");
+        return world.files.content("C:\\gh\\now.txt");
+    }
+
+    int below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
+
+    /// One change such as a person makes it.
+    void editSomething() {
+        SettingsDocument& doc = program.doc;
+        switch (below(12)) {
+            case 0: return doc.q3botlist.edits.make("A", [this] { program.botsRules.q3botadd_Click(); });
+            case 1: return doc.q3botlist.edits.make("D", [this] { program.botsRules.q3botdel_Click(); });
+            case 2: {
+                const int row = below(program.doc.bindlist.count()) + 1;
+                return doc.bindlist.edits.make("K", [this, row] { program.keyRules.choose(row, &keyButtons()[static_cast<std::size_t>(below(100))]); });
+            }
+            case 3:
+            case 4: {
+                program.maps.maptree.setCurrent(below(program.maps.maptree.count()) + 1);
+                program.rotationRules.maptree_GotFocus();
+                return program.rotationRules.addToRotation();
+            }
+            case 5: {
+                if (doc.maplist.empty()) return;
+                doc.maplist.setCurrent(below(doc.maplist.count()) + 1);
+                program.rotationRules.maplist_GotFocus();
+                return below(2) ? program.rotationRules.removeFromRotation() : program.rotationRules.moveUp();
+            }
+            default: break;
+        }
+        FieldGroup& group = *doc.groups()[static_cast<std::size_t>(below(6))];
+        editField(*group.fields[static_cast<std::size_t>(below(static_cast<int>(group.fields.size())))]);
+    }
+
+    void editField(Field& field) {
+        if (field.kind() == Field::Kind::Label) return;
+        int most = 200;
+        if (const auto* list = dynamic_cast<ListField*>(&field)) most = static_cast<int>(list->choices().size());
+        if (field.kind() == Field::Kind::Check) most = 2;
+        if (most > 0) field.edit([&] { field.setValueText(std::to_string(below(most) + (most == 200 ? 26 : 0))); });
+        if (below(4) == 0) field.left.emit();
+    }
+
+    fake::World world;
+    Gatehouse program{world.services, "C:\\gh"};
+    std::mt19937 random{20011203};
+};
+
+TEST_F(EditHistoryTest, ALongWalkCanBeUndoneToItsStartAndRedoneToItsEnd) {
+    constexpr int kEdits = 10'000;
+    const std::string first = document();
+    for (int i = 0; i < kEdits; ++i) {
+        editSomething();
+        // Now and then a person goes back, and on from there.
+        if (below(50) == 0) program.meditundo_Click();
+        if (below(100) == 0) program.meditredo_Click();
+    }
+    const std::string last = document();
+    EXPECT_NE(first, last);
+    int steps = 0;
+    while (program.history.canUndo.get()) {
+        const std::string before = document();
+        program.meditundo_Click();
+        ++steps;
+        if (steps % 500 != 0) continue;
+        program.meditredo_Click();
+        ASSERT_EQ(document(), before) << steps;
+        program.meditundo_Click();
+    }
+    EXPECT_GT(steps, kEdits / 2);
+    EXPECT_EQ(document(), first);
+    while (program.history.canRedo.get()) program.meditredo_Click();
+    EXPECT_EQ(document(), last);
+}
+
+TEST_F(EditHistoryTest, StepsAreWhatAPersonDidAndNothingElse) {
+    SettingsDocument& doc = program.doc;
+    EditHistory& history = program.history;
+    EXPECT_FALSE(history.canUndo.get());
+    const std::string frames = doc.com_maxfps.text();
+    doc.com_maxfps.setText("77");  // the program's own
+    EXPECT_FALSE(history.canUndo.get());
+    for (const char* typed : {"7", "71", "712"}) doc.com_maxfps.edit([&] { doc.com_maxfps.setText(typed); });
+    EXPECT_EQ(history.undoName.get(), "Max FPS");
+    doc.com_maxfps.left.emit();
+    doc.com_maxfps.edit([&] { doc.com_maxfps.setText("9"); });
+    doc.sv_allowdownload.edit([&] { doc.sv_allowdownload.setValue(1 - doc.sv_allowdownload.value()); });
+    doc.sv_allowdownload.edit([&] { doc.sv_allowdownload.setValue(doc.sv_allowdownload.value()); });  // changes nothing
+    program.meditundo_Click();
+    program.run.ConfigChanged = false;
+    program.meditundo_Click();
+    EXPECT_TRUE(program.run.ConfigChanged);
+    EXPECT_EQ(doc.com_maxfps.text(), "712");
+    program.meditundo_Click();
+    EXPECT_EQ(doc.com_maxfps.text(), "77");
+    EXPECT_FALSE(history.canUndo.get());
+    EXPECT_EQ(history.redoName.get(), "Max FPS");
+
+    // A map that leaves the rotation by undo is free again in the catalog; without maps nothing can be run.
+    program.modes.sbar_GroupClick(kListen);
+    while (!doc.maplist.empty()) {
+        program.rotationRules.maplist_GotFocus();
+        program.rotationRules.removeFromRotation();
+    }
+    EXPECT_FALSE(program.flags.mfilerun.get());
+    program.meditundo_Click();
+    EXPECT_TRUE(program.flags.mfilerun.get() && program.flags.mtool2[1].get() && doc.maplist.count() == 1);
+    program.meditredo_Click();
+    EXPECT_FALSE(program.flags.mfilerun.get());
+
+    program.documents.loadConfig(program.run.CurrentConfigPath);
+    EXPECT_FALSE(history.canUndo.get() || history.canRedo.get());
+    EXPECT_EQ(doc.com_maxfps.text(), frames);
+}
+
+}  // namespace
+}  // namespace gatehouse
