@@ -1,5 +1,8 @@
-// Times two commands as whole processes, in turn, by the operating system's own accounting of each finished run.
-// Usage: whole_process RUNS COMMAND -- OTHER COMMAND
+// Times two commands as whole processes, in turn, by the operating system's own accounting of each finished run. With
+// --window their windows are waited for and closed at once: the wall time is that from the start to the window.
+// Usage: whole_process [--window] RUNS COMMAND -- OTHER COMMAND
+
+#include "window_watch.h"
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -12,6 +15,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <vector>
 
 extern char** environ;
@@ -28,7 +32,9 @@ double milliseconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
 }
 
-Run measure(char** command) {
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+Run measure(char** command, gatehouse::WindowWatch* windows) {
     posix_spawn_file_actions_t quiet;
     posix_spawn_file_actions_init(&quiet);
     for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
@@ -40,10 +46,16 @@ Run measure(char** command) {
         std::exit(2);
     }
     posix_spawn_file_actions_destroy(&quiet);
+    Milliseconds wall{};
+    if (windows) {
+        windows->waitForWindow();
+        wall = std::chrono::steady_clock::now() - start;
+        windows->closeWindow();
+    }
     int status = 0;
     rusage usage{};
     wait4(child, &status, 0, &usage);
-    const std::chrono::duration<double, std::milli> wall = std::chrono::steady_clock::now() - start;
+    if (!windows) wall = std::chrono::steady_clock::now() - start;
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
         std::fprintf(stderr, "%s did not end well\n", command[0]);
         std::exit(2);
@@ -60,18 +72,25 @@ double median(std::vector<Run> runs, double Run::*figure) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    std::optional<gatehouse::WindowWatch> windows;
+    if (argc > 1 && std::strcmp(argv[1], "--window") == 0) {
+        windows.emplace();
+        ++argv;
+        --argc;
+    }
     char** separator = std::find_if(argv, argv + argc, [](const char* text) { return std::strcmp(text, "--") == 0; });
     const int runs = argc > 1 ? std::atoi(argv[1]) : 0;
     if (runs < 1 || separator - argv < 3 || separator - argv > argc - 2) {
-        std::fprintf(stderr, "usage: whole_process RUNS COMMAND -- OTHER COMMAND\n");
+        std::fprintf(stderr, "usage: whole_process [--window] RUNS COMMAND -- OTHER COMMAND\n");
         return 2;
     }
     *separator = nullptr;
     char** commands[2] = {argv + 2, separator + 1};
     std::vector<Run> results[2];
-    for (char** command : commands) measure(command);  // once to fill the caches
+    gatehouse::WindowWatch* const watch = windows ? &*windows : nullptr;
+    for (char** command : commands) measure(command, watch);  // once to fill the caches
     for (int i = 0; i < runs; ++i)
-        for (int which : {0, 1}) results[which].push_back(measure(commands[which]));
+        for (int which : {0, 1}) results[which].push_back(measure(commands[which], watch));
     const struct {
         const char* name;
         double Run::*figure;

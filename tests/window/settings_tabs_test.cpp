@@ -74,6 +74,22 @@ TEST_F(SettingsTabsTest, EveryFieldIsOnItsTabOnceAndFollowsItsWidgetAndTheOtherW
     });
 }
 
+TEST_F(SettingsTabsTest, TheTabsComeToRest) {
+    // Layouts that ask for each other without end would keep a processor busy for as long as the window stands.
+    struct Counter : QObject {
+        int asked = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            asked += event->type() == QEvent::LayoutRequest;
+            return false;
+        }
+    } counter;
+    for (const auto& tab : tabs) tab->resize(1200, 600);
+    QTest::qWait(1);
+    qApp->installEventFilter(&counter);
+    for (int i = 0; i < 100; ++i) QCoreApplication::processEvents();
+    EXPECT_LT(counter.asked, 10);
+}
+
 TEST_F(SettingsTabsTest, TabGoesThroughTheFieldsDownwardsAndScrollsToThem) {
     QWidget& tab = *tabs[0];
     tab.activateWindow();

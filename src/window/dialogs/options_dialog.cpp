@@ -84,7 +84,7 @@ void OptionsDialog::addHeading(QGridLayout& grid, std::string_view heading) {
 void OptionsDialog::addRow(QGridLayout& grid, Field& field, QWidget* editor, QWidget* behind) {
     auto* caption = new QLabel(this);
     bindCaption(*caption, *editor, field);
-    caption->setToolTip(editor->toolTip());
+    showHint(*caption, field);
     const int line = grid.rowCount();
     grid.addWidget(caption, line, 0);
     const bool wide = qobject_cast<QLineEdit*>(editor) && !behind;

@@ -3,18 +3,15 @@
 #include "config/settings_document.h"
 #include "window/rules/rotation_rules.h"
 #include "window/tabs/table_tabs.h"
-#include "window/widgets/binders.h"
-#include "window/widgets/icons.h"
+#include "window/widgets/table_tools.h"
 #include "window/widgets/table_view.h"
 #include "window/widgets/twips.h"
 
-#include <QAction>
 #include <QFocusEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QSplitter>
 #include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace gatehouse {
@@ -99,6 +96,7 @@ TableView* makeList(Rotation& maplist, RotationRules& rules) {
     list->setAccessibleName(QObject::tr("Map Rotation"));
     list->setRootIsDecorated(false);
     list->setColumnLetters({kNameLetters});
+    list->setEmptyText(QObject::tr("No maps yet. Choose one on the left and press Insert."));
     new FocusWatch(list, [&rules] { rules.maplist_GotFocus(); });
     return list;
 }
@@ -121,35 +119,6 @@ QWidget* makePane(const QString& heading, QToolBar* tools, TableView* view) {
     return pane;
 }
 
-struct ToolSpec {
-    const char* icon;
-    QString text;
-    QString hint;
-    QKeySequence key;
-    Observable<bool>& flag;
-    std::function<void()> command;
-};
-
-void addTool(QToolBar& bar, TableView& view, const QString& name, const ToolSpec& spec) {
-    auto* action = new QAction(icon(spec.icon), spec.text, &view);
-    action->setObjectName(name);
-    action->setToolTip(spec.hint + " (" + spec.key.toString(QKeySequence::NativeText) + ")");
-    action->setShortcut(spec.key);
-    action->setShortcutContext(Qt::WidgetShortcut);
-    bindCommand(*action, spec.flag, spec.command);
-    view.addAction(action);
-    bar.addAction(action);
-    bar.widgetForAction(action)->setObjectName(name + "_button");
-}
-
-QToolBar* makeTools(const QString& name, const QString& title) {
-    auto* bar = new QToolBar(title);
-    bar->setObjectName(name);
-    bar->setAccessibleName(title);
-    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    return bar;
-}
-
 }  // namespace
 
 QWidget* makeMapsTab(SettingsDocument& doc, MapCatalog& maps, RotationRules& rules, CommandFlags& flags) {
@@ -159,19 +128,19 @@ QWidget* makeMapsTab(SettingsDocument& doc, MapCatalog& maps, RotationRules& rul
         (pane == RotationRules::kTree ? tree : list)->setFocus(Qt::OtherFocusReason);
     });
 
-    QToolBar* catalogTools = makeTools("mtool2_tree", QObject::tr("Catalog"));
-    addTool(*catalogTools, *tree, "mtool2_2",
-            {"add", QObject::tr("Add"), QObject::tr("Put the map into the rotation"), QKeySequence(Qt::Key_Insert),
+    QToolBar* catalogTools = makeTableTools("mtool2_tree", QObject::tr("Catalog"));
+    addTableTool(*catalogTools, *tree,
+                 {"mtool2_2", "add", QObject::tr("Add"), QObject::tr("Put the map into the rotation"), QKeySequence(Qt::Key_Insert),
              flags.mtool2[2], [&rules] { rules.addToRotation(); }});
-    QToolBar* rotationTools = makeTools("mtool1", QObject::tr("Rotation"));
-    addTool(*rotationTools, *list, "mtool2_1",
-            {"remove", QObject::tr("Remove"), QObject::tr("Take the map out of the rotation"),
+    QToolBar* rotationTools = makeTableTools("mtool1", QObject::tr("Rotation"));
+    addTableTool(*rotationTools, *list,
+                 {"mtool2_1", "remove", QObject::tr("Remove"), QObject::tr("Take the map out of the rotation"),
              QKeySequence(Qt::Key_Delete), flags.mtool2[1], [&rules] { rules.removeFromRotation(); }});
-    addTool(*rotationTools, *list, "mtool1_1",
-            {"move-up", QObject::tr("Up"), QObject::tr("Play the map earlier"), QKeySequence(Qt::ALT | Qt::Key_Up),
+    addTableTool(*rotationTools, *list,
+                 {"mtool1_1", "move-up", QObject::tr("Up"), QObject::tr("Play the map earlier"), QKeySequence(Qt::ALT | Qt::Key_Up),
              flags.mtool1[1], [&rules] { rules.moveUp(); }});
-    addTool(*rotationTools, *list, "mtool1_2",
-            {"move-down", QObject::tr("Down"), QObject::tr("Play the map later"), QKeySequence(Qt::ALT | Qt::Key_Down),
+    addTableTool(*rotationTools, *list,
+                 {"mtool1_2", "move-down", QObject::tr("Down"), QObject::tr("Play the map later"), QKeySequence(Qt::ALT | Qt::Key_Down),
              flags.mtool1[2], [&rules] { rules.moveDown(); }});
 
     auto* split = new QSplitter(Qt::Horizontal);

@@ -103,7 +103,7 @@ void SettingsForm::addRow(QGridLayout& grid, const FormRow& row) {
     } else {
         bindCaption(*caption, *editor, captioned);
     }
-    caption->setToolTip(editor->toolTip());
+    showHint(*caption, captioned);
     caption->installEventFilter(this);
 
     const int line = grid.rowCount();
@@ -208,7 +208,9 @@ void SettingsForm::arrangeColumns() {
     for (int i = 0; i < columns_->count(); ++i) needed += columns_->itemAt(i)->minimumSize().width();
     // The scroll bar counts whether it is there or not: its coming must not decide over its going.
     const bool fits = needed <= width() - verticalScrollBar()->sizeHint().width();
-    columns_->setSpacing(fits ? kColumnGap : kSectionGap + kRowGap);
+    const int spacing = fits ? kColumnGap : kSectionGap + kRowGap;
+    // To set it anew asks for another layout, and that would ask here again, for ever.
+    if (spacing != columns_->spacing()) columns_->setSpacing(spacing);
     columns_->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 

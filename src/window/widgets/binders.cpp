@@ -29,11 +29,7 @@ void bindStates(QWidget& widget, Field& field) {
 
 void bindCommon(QWidget& widget, Field& field) {
     widget.setObjectName(shown(field.spec().name));
-    if (!field.spec().hint.empty()) {
-        const QString hint = shown(field.spec().hint);
-        widget.setToolTip("<qt>" + hint.toHtmlEscaped() + "</qt>");
-        widget.setAccessibleDescription(hint);
-    }
+    showHint(widget, field);
     bindStates(widget, field);
 }
 
@@ -92,6 +88,13 @@ void bindText(Widget& widget, QLineEdit& line, TextField& field, Typed typed) {
 }
 
 }  // namespace
+
+void showHint(QWidget& widget, const Field& field) {
+    if (field.spec().hint.empty()) return;
+    const QString hint = shown(field.spec().hint);
+    widget.setToolTip("<qt>" + hint.toHtmlEscaped() + "</qt>");  // rich text is wrapped
+    widget.setAccessibleDescription(hint);
+}
 
 void bind(QCheckBox& box, CheckField& field) {
     bindCommon(box, field);

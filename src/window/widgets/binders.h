@@ -32,6 +32,9 @@ void bind(QSlider& slider, SliderField& field);
 /// A label that shows a value has no accessible name: its text is what is read out.
 void bind(QLabel& label, LabelField& field);
 
+/// The field's hint as tool tip and as accessible description.
+void showHint(QWidget& widget, const Field& field);
+
 /// The label in front of a field's widget: shows its caption, hides with it and leads the keyboard to it.
 void bindCaption(QLabel& label, QWidget& widget, Field& field);
 

@@ -1,8 +1,15 @@
 #include "window/widgets/table_view.h"
 
 #include <QHeaderView>
+#include <QPainter>
 
 namespace gatehouse {
+
+namespace {
+
+constexpr int kEmptyMargin = 16;
+
+}  // namespace
 
 TableView::TableView(TableModel* model, SelectionMode mode, QWidget* parent) : QTreeView(parent), rows_(*model) {
     model->setParent(this);
@@ -50,22 +57,50 @@ void TableView::takeCurrent(const QModelIndex& index) {
     Q_EMIT rowChosen(position);
 }
 
+std::vector<bool> TableView::selectedRows() const {
+    std::vector<bool> selected(static_cast<std::size_t>(rows_.source().count()) + 1);
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            selected.at(static_cast<std::size_t>(rows_.position(rows_.index(row, 0, range.parent())))) = true;
+    }
+    return selected;
+}
+
 void TableView::showSelection() {
+    const std::vector<bool> shown = selectedRows();
     QItemSelection wanted;
     bool differs = false;
+    QModelIndex start;  // of a run of selected rows: a selection of few ranges is quick to ask
+    QModelIndex end;
     for (int position = 1; position <= rows_.source().count(); ++position) {
-        const QModelIndex first = rows_.indexOf(position);
-        if (!first.isValid()) continue;
+        const QModelIndex row = rows_.indexOf(position);
+        if (!row.isValid()) break;
         const bool selected = rows_.source().selected(position);
-        differs |= selected != selectionModel()->isSelected(first);
-        if (selected) wanted.select(first, first);
+        differs |= selected != shown[static_cast<std::size_t>(position)];
+        if (!selected) continue;
+        const bool goesOn = end.isValid() && row.parent() == end.parent() && row.row() == end.row() + 1;
+        if (!goesOn) {
+            if (end.isValid()) wanted.append({start, end});
+            start = row;
+        }
+        end = row;
     }
+    if (end.isValid()) wanted.append({start, end});
     if (differs) selectionModel()->select(wanted, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void TableView::takeSelection() {
-    rows_.source().selectWhere(
-        [this](int position) { return selectionModel()->isSelected(rows_.indexOf(position)); });
+    const std::vector<bool> selected = selectedRows();
+    rows_.source().selectWhere([&selected](int position) { return selected[static_cast<std::size_t>(position)]; });
+}
+
+void TableView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (emptyText_.isEmpty() || model()->rowCount() > 0) return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const QRect area = viewport()->rect().adjusted(kEmptyMargin, kEmptyMargin, -kEmptyMargin, -kEmptyMargin);
+    painter.drawText(area, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
 }
 
 }  // namespace gatehouse

@@ -18,9 +18,15 @@ public:
     /// Sets the widths of columns in letters; the last column takes what remains.
     void setColumnLetters(const std::vector<int>& letters);
 
+    /// What stands in the view while the table has no rows.
+    void setEmptyText(const QString& text) { emptyText_ = text; }
+
 Q_SIGNALS:
     /// A person made another row the current one.
     void rowChosen(int position);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void showCurrent();
@@ -28,7 +34,11 @@ private:
     void takeCurrent(const QModelIndex& index);
     void takeSelection();
 
+    /// Whether the row at a position is shown as selected, by position.
+    std::vector<bool> selectedRows() const;
+
     TableModel& rows_;
+    QString emptyText_;
 };
 
 }  // namespace gatehouse
