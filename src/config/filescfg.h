@@ -62,8 +62,8 @@ public:
     void writeConfig(const std::string& path);
     /// Writes default.ghc into the folder of the documents. Fails like any file.
     void writeDefaultConfig();
-    /// Writes the document without a word and leaves title and changed flag alone; a line that can't be written is left
-    /// out. Meant for what is unsaved when the program fails.
+    /// Writes the document without a word and leaves title and changed flag alone; a line that can't be written, or not
+    /// be read again, is left out. Meant for what is unsaved when the program fails.
     void writeRescue(const std::string& path);
     /// Applies a document line by line. False when it can't be opened. Fails with `DocumentFailure` at a line that
     /// can't be taken; what stands before it stays applied.

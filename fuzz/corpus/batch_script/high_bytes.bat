@@ -1,0 +1,4 @@
+C:
+cd "\Spieläÿ"
+€.exe   "ü
+exit

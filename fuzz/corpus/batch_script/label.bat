@@ -1,0 +1,2 @@
+:again
+goto again

@@ -1,0 +1,4 @@
+cd "\odd "name"" 
+run % ^ & | > < ; `x` $(y)
+exit
+after the end

@@ -1,0 +1,6 @@
+cd "a"
+CD "/b"
+e:
+cd "\c"
+cd ""
+run
