@@ -97,11 +97,13 @@ private:
     };
 
     static Rows middle(const Rows& rows, std::size_t first, std::size_t behind) {
-        return Rows(rows.begin() + static_cast<std::ptrdiff_t>(first), rows.end() - static_cast<std::ptrdiff_t>(behind));
+        return Rows(rows.begin() + static_cast<std::ptrdiff_t>(first),
+                    rows.end() - static_cast<std::ptrdiff_t>(behind));
     }
     std::size_t firstDifference(const Rows& now) const {
         const auto most = static_cast<std::ptrdiff_t>(std::min(now.size(), known_.size()));
-        return static_cast<std::size_t>(std::mismatch(now.begin(), now.begin() + most, known_.begin()).first - now.begin());
+        return static_cast<std::size_t>(std::mismatch(now.begin(), now.begin() + most, known_.begin()).first -
+                                        now.begin());
     }
 
     std::function<Rows()> get_;
@@ -165,10 +167,10 @@ void EditHistory::markOn(Signal<Args...>& signal, Slot& slot) {
 }
 
 void EditHistory::followEdits(Edits& edits, bool gradual) {
-    connections_.emplace_back(edits.begins, std::function<void(const std::string&)>(
-                                                [this, &edits, gradual](const std::string& name) {
-                                                    begin(gradual ? &edits : nullptr, name);
-                                                }));
+    connections_.emplace_back(edits.begins,
+                              std::function<void(const std::string&)>([this, &edits, gradual](const std::string& name) {
+                                  begin(gradual ? &edits : nullptr, name);
+                              }));
     connections_.emplace_back(edits.ends, std::function<void()>([this] { end(); }));
 }
 

@@ -76,7 +76,7 @@ void ModChoice::addKeyRows(const ModEntry& mod) {
         doc_.bindlist.append({.text = mod.name + " (" + key.key + ")",
                               .key = key.cmd,
                               .label = std::string(kUnbound),
-                              .tag = {},
+                              .tag = std::string(kNoKey),
                               .kind = BindingKind::Mod});
 }
 

@@ -1,6 +1,7 @@
 #include "servers/server_entry.h"
 
 #include <array>
+#include <utility>
 
 namespace gatehouse {
 
@@ -12,6 +13,17 @@ constexpr std::array<std::string ServerEntry::*, 8> kColumns = {
 };
 
 }  // namespace
+
+ServerEntry newServer(std::string address, std::string password) {
+    ServerEntry entry;
+    entry.Name = "Unknown";
+    entry.Ping = "9999";
+    for (const auto column : {&ServerEntry::Players, &ServerEntry::Game, &ServerEntry::Mod, &ServerEntry::Map})
+        entry.*column = "?";
+    entry.Address = std::move(address);
+    entry.Password = std::move(password);
+    return entry;
+}
 
 const std::string& serverColumn(const ServerEntry& entry, int column) {
     if (column < 0 || column >= static_cast<int>(kColumns.size()))

@@ -2,6 +2,7 @@
 
 #include "base/table.h"
 
+#include <cstdint>
 #include <string>
 
 namespace gatehouse {
@@ -17,12 +18,16 @@ struct ServerEntry {
     std::string Address;  ///< host, ":" and port
     std::string Password;
     // Never written to a file:
-    std::string SmallIcon;    ///< key of the state picture; empty for none
-    std::string StatusReply;  ///< whole text of the last good reply
-    std::string PlayerCount;  ///< players alone
+    std::string SmallIcon;     ///< key of the state picture; empty for none
+    std::string StatusReply;   ///< whole text of the last good reply
+    std::string PlayerCount;   ///< players alone
+    std::uint32_t number = 0;  ///< by which a status query finds the server again; 0 until it is asked
 };
 
 using ServerTable = Table<ServerEntry>;
+
+/// A server that was never asked.
+ServerEntry newServer(std::string address, std::string password);
 
 inline constexpr int kPingColumn = 1;
 

@@ -22,14 +22,22 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
       models(services.files, log, run),
       aliases(services.files, log, run, doc.bindlist),
       serverLists(services.files, log, run, flags, options.ghcdir, iplist),
+      addressForm(services.clipboard, services.dialogs, services.events, log, run),
+      playersForm(iplist, services.events, log),
+      statusQuery({services.socket, services.events, services.clock, services.files, services.dialogs, log, flags,
+                   iplist, mods, options.q3pingwait, run.ServerListChanged}),
+      serverCommands({services.files, services.dialogs, services.clipboard, services.events, log, store, run, flags,
+                      mods, options.ghcdir, iplist, serverLists, statusQuery, addressForm, playersForm,
+                      [this] { modOptions.showFor("C"); }}),
       modDiscovery(services.files, services.archives, log, services.events, store, run, mods),
       modChoice(mods, doc, run),
+      modOptions(mods, run, doc.edits, services.dialogs, services.events),
       serverRules(doc, run, services.dialogs),
       // A benchmark has nothing to run until configs and demos are chosen.
       modes(run, flags, doc, iplist, log, [this] { flags.SetRunEnabled(false); }),
       playerRules(doc),
-      botsRules(doc, flags, run),
-      keyRules(doc.bindlist, run, log),
+      botsRules(doc, flags, run, services.events),
+      keyRules(doc.bindlist, run, log, services.events),
       rotationRules(doc.maplist, maps.maptree, flags, run, log),
       tabReset({services.dialogs, log, run, flags, doc, iplist, models, keyRules, modes.TabKey,
                 [this](const std::string& path) { selectModel(path); }}),
@@ -42,6 +50,7 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
                     [this] { return log.LogPath(); }, [this] { closeAllWindows(); }}),
       history(doc, run, log, outsideValues(), [this] { rotationRestored(); }) {
     doc.markChanges(run);
+    statusQuery.showPlayers = [this] { playersForm.showPlayers(); };
     connections_.emplace_back(documents.loaded, std::function<void()>([this] { history.startAnew(); }));
     for (Observable<bool>* form : forms()) {
         connections_.emplace_back(form->changed, std::function<void()>([this, form] {
@@ -64,7 +73,8 @@ void Gatehouse::rotationRestored() {
 }
 
 std::vector<Observable<bool>*> Gatehouse::forms() {
-    return {&optionsRules.q3options, &tabReset.q3resetprompt, &q3about};
+    return {&botsRules.q3newbot,      &addressForm.q3newip,    &keyRules.q3keyboard, &tabReset.q3resetprompt,
+            &optionsRules.q3options, &playersForm.q3players, &modOptions.q3mod, &q3about};
 }
 
 void Gatehouse::selectModel(const std::string& path) {
@@ -110,6 +120,10 @@ void Gatehouse::closeAllWindows() {
     optionKeeper.restoreDesign();
     doc.restoreDesign();
     modes.restoreDesign();
+    statusQuery.restoreDesign();
+    addressForm.restoreDesign();
+    playersForm.restoreDesign();
+    serverCommands.restoreDesign();
     iplist.clear();
     maps.maptree.clear();
     models.mdltree.clear();

@@ -15,8 +15,12 @@
 #include "mods/mod_discovery.h"
 #include "mods/mod_table.h"
 #include "platform/services.h"
+#include "servers/address_form.h"
 #include "servers/filesmisc.h"
+#include "servers/players_form.h"
+#include "servers/server_commands.h"
 #include "servers/server_entry.h"
+#include "servers/status_query.h"
 #include "startup/event_log.h"
 #include "startup/findq3a.h"
 #include "startup/option_store.h"
@@ -24,6 +28,7 @@
 #include "startup/views.h"
 #include "window/rules/bots_rules.h"
 #include "window/rules/key_rules.h"
+#include "window/rules/mod_options.h"
 #include "window/rules/modes.h"
 #include "window/rules/options_rules.h"
 #include "window/rules/player_rules.h"
@@ -99,8 +104,13 @@ public:
     ModelCatalog models;
     AliasBook aliases;
     ServerLists serverLists;
+    AddressForm addressForm;
+    PlayersForm playersForm;
+    StatusQuery statusQuery;
+    ServerCommands serverCommands;
     ModDiscovery modDiscovery;
     ModChoice modChoice;
+    ModOptions modOptions;
     ServerRules serverRules;
     ModeRules modes;
     PlayerRules playerRules;

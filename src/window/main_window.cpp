@@ -3,7 +3,12 @@
 #include "platform/qt/shown_text.h"
 #include "startup/gatehouse.h"
 #include "window/dialogs/about_dialog.h"
+#include "window/dialogs/address_dialog.h"
+#include "window/dialogs/keyboard_dialog.h"
+#include "window/dialogs/mod_dialog.h"
+#include "window/dialogs/new_bot_dialog.h"
 #include "window/dialogs/options_dialog.h"
+#include "window/dialogs/players_dialog.h"
 #include "window/dialogs/reset_prompt.h"
 #include "window/tabs/settings_tabs.h"
 #include "window/tabs/table_tabs.h"
@@ -51,8 +56,8 @@ void nameStep(QAction& action, const QString& command, const std::string& name) 
 QWidget* makeTabContent(Frame frame, Gatehouse& program) {
     SettingsDocument& doc = program.doc;
     switch (frame) {
-        case kServerFrame: return makeServerTab(doc);
-        case kServersFrame: return makeServersTab(program.iplist);
+        case kServerFrame: return makeServerTab(doc, program.modOptions);
+        case kServersFrame: return makeServersTab(program.iplist, program.serverCommands, program.statusQuery, program.flags);
         case kMapsFrame: return makeMapsTab(doc, program.maps, program.rotationRules, program.flags);
         case kPlayerFrame: return makePlayerTab(doc, program.models, program.run);
         case kKeysFrame: return makeKeysTab(doc, program.keyRules);
@@ -249,6 +254,11 @@ void MainWindow::offerForm(Observable<bool>& form, std::function<void()> makeVie
 
 void MainWindow::followProgram() {
     follow(this, program_.run.title, [this](const std::string& title) { setWindowTitle(windowTitleText(title)); });
+    offerForm(program_.botsRules.q3newbot, [this] { new NewBotDialog(program_.botsRules, this); });
+    offerForm(program_.modOptions.q3mod, [this] { new ModDialog(program_.modOptions, this); });
+    offerForm(program_.keyRules.q3keyboard, [this] { new KeyboardDialog(program_.keyRules, this); });
+    offerForm(program_.addressForm.q3newip, [this] { new AddressDialog(program_.addressForm, this); });
+    offerForm(program_.playersForm.q3players, [this] { new PlayersDialog(program_.playersForm, this); });
     offerForm(program_.q3about, [this] { new AboutDialog(program_, this); });
     offerForm(program_.tabReset.q3resetprompt, [this] { new ResetPrompt(program_.tabReset, this); });
     offerForm(program_.optionsRules.q3options,

@@ -83,7 +83,7 @@ TEST_F(ModChoiceTest, AChoiceBringsGameTypesWithTheirNumbersAndKeyRows) {
     const KeyBinding& row = doc.bindlist.at(2);
     EXPECT_EQ(row.key, "+hook");
     EXPECT_EQ(row.label, "Unbound");
-    EXPECT_EQ(row.tag, "");
+    EXPECT_EQ(row.tag, std::string(kNoKey));
     EXPECT_EQ(row.kind, BindingKind::Mod);
 }
 

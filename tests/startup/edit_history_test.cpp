@@ -25,7 +25,6 @@ protected:
         world.settings.values = {{"exepath", "C:\\Q3\\quake3.exe"}, {"basedir", "C:\\Q3\\"}, {"ghcdir", "C:\\gh\\"},
                                  {"ghversion", "00.03.03"}};
         program.StartupDriver();
-        program.botsRules.askBot = [](BotEntry&) { return true; };
     }
 
     std::string document() {
@@ -39,11 +38,15 @@ protected:
     void editSomething() {
         SettingsDocument& doc = program.doc;
         switch (below(12)) {
-            case 0: return doc.q3botlist.edits.make("A", [this] { program.botsRules.q3botadd_Click(); });
-            case 1: return doc.q3botlist.edits.make("D", [this] { program.botsRules.q3botdel_Click(); });
+            case 0:
+                world.events.pending.push_back([this] { program.botsRules.newbotOK_Click(); });
+                return program.botsRules.q3botadd_Click();
+            case 1: return program.botsRules.q3botdel_Click();
             case 2: {
-                const int row = below(program.doc.bindlist.count()) + 1;
-                return doc.bindlist.edits.make("K", [this, row] { program.keyRules.choose(row, &keyButtons()[static_cast<std::size_t>(below(100))]); });
+                doc.bindlist.setCurrent(below(doc.bindlist.count()) + 1);
+                const KeyButton& button = keyButtons()[static_cast<std::size_t>(below(103))];
+                world.events.pending.push_back([this, &button] { program.keyRules.keyButton_Click(button); });
+                return program.keyRules.bindlist_DblClick();
             }
             case 3:
             case 4: {

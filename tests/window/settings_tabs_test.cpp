@@ -1,6 +1,8 @@
 #include "window/tabs/settings_tabs.h"
 
 #include "config/settings_document.h"
+#include "support/core/fakes.h"
+#include "window/rules/mod_options.h"
 #include "window/widgets/spin_text.h"
 
 #include <QCheckBox>
@@ -32,10 +34,11 @@ protected:
     SettingsTabsTest() {
         doc.modcombo.setChoices({{"one", 0}, {"two", 1}});
         doc.q3gametype.setChoices({{"one", 0}, {"two", 1}});
-        for (auto make : {makeServerTab, makeVideoTab, makeTweak1Tab, makeTweak2Tab}) {
-            tabs.emplace_back(make(doc));
-            tabs.back()->resize(400, 200);
-            tabs.back()->show();
+        tabs.emplace_back(makeServerTab(doc, modOptions));
+        for (auto make : {makeVideoTab, makeTweak1Tab, makeTweak2Tab}) tabs.emplace_back(make(doc));
+        for (const auto& tab : tabs) {
+            tab->resize(400, 200);
+            tab->show();
         }
     }
 
@@ -51,7 +54,11 @@ protected:
             }
     }
 
+    fake::World world;
+    RunState run;
+    ModTable mods;
     SettingsDocument doc;
+    ModOptions modOptions{mods, run, doc.edits, world.dialogs, world.events};
     std::vector<std::unique_ptr<QWidget>> tabs;
 };
 
@@ -106,7 +113,7 @@ TEST_F(SettingsTabsTest, TabGoesThroughTheFieldsDownwardsAndScrollsToThem) {
         last = middle;
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     } while (QApplication::focusWidget() != first && ++stops < 100);
-    EXPECT_EQ(stops + 1, static_cast<int>(doc.server.fields.size()) - 1);  // all but the label
+    EXPECT_EQ(stops + 1, static_cast<int>(doc.server.fields.size()));  // not the label, but the button of the mods
 }
 
 TEST_F(SettingsTabsTest, ACaptionComesAndGoesWithItsFieldAndTicksItsBox) {

@@ -17,6 +17,7 @@ constexpr int kMostPasses = 16;
 class QtTimer : public Timer {
 public:
     QtTimer(QtEventLoop& events, std::function<void()> onTick) {
+        timer_.setTimerType(Qt::PreciseTimer);
         // The handler belongs to the connection, which outlives a timer that is deleted by its own handler.
         QObject::connect(&timer_, &QTimer::timeout, &timer_,
                          [&events, handler = std::move(onTick)] { events.guarded(handler); });

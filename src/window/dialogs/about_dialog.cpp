@@ -4,6 +4,7 @@
 #include "platform/qt/shown_text.h"
 #include "startup/gatehouse.h"
 #include "window/widgets/icons.h"
+#include "window/widgets/link_button.h"
 
 #include <QDesktopServices>
 #include <QFile>
@@ -100,15 +101,10 @@ QLabel* AboutDialog::makeText(const QString& name, const QString& text, double s
 }
 
 QPushButton* AboutDialog::makeLink(const QString& name, const QString& text, const QString& hint) {
-    auto* link = new QPushButton(text, this);
-    link->setObjectName(name);
-    link->setFlat(true);
-    link->setAutoDefault(false);
-    link->setCursor(Qt::PointingHandCursor);
+    QPushButton* link = makeLinkButton(name, this);
+    link->setText(text);
     link->setToolTip(hint);
     link->setAccessibleDescription(hint);
-    link->setStyleSheet("QPushButton { border: none; padding: 2px 0; color: palette(link); text-decoration: underline; }"
-                        "QPushButton:focus { border-bottom: 2px solid palette(highlight); }");
     return link;
 }
 

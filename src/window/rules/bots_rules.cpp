@@ -1,12 +1,23 @@
 #include "window/rules/bots_rules.h"
 
+#include "platform/forms.h"
+
 #include <algorithm>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace gatehouse {
 
-BotsRules::BotsRules(SettingsDocument& doc, CommandFlags& flags, RunState& run) : doc_(doc), flags_(flags), run_(run) {
+namespace {
+
+constexpr std::string_view kCancelled = "X";
+
+}  // namespace
+
+BotsRules::BotsRules(SettingsDocument& doc, CommandFlags& flags, RunState& run, EventLoop& events)
+    : doc_(doc), flags_(flags), run_(run), events_(events) {
     const auto on = [this](auto& signal, auto rule) { connections_.emplace_back(signal, std::move(rule)); };
     const std::function<void(int)> rowsChanged = [this](int) { enableDelete(); };
     const std::function<void()> changed = [this] { enableDelete(); };
@@ -32,19 +43,36 @@ void BotsRules::q3randbots_Click() {
 }
 
 void BotsRules::q3botadd_Click() {
-    BotEntry bot{std::string(kBotNames.front()), "1", std::string(kBotTeams.front())};
-    if (!askBot || !askBot(bot)) return;
-    doc_.q3botlist.append(std::move(bot));
-    doc_.q3botlist.setCurrent(doc_.q3botlist.count());
+    newbotname.setIndex(0);
+    newbotskill.setText("1");
+    newbotteam.setIndex(0);
+    showModal(q3newbot, events_);
+    if (newbotskill.text() == kCancelled) return;
+    BotTable& bots = doc_.q3botlist;
+    bots.edits.make("Add Bot",
+                    [&] { bots.setCurrent(bots.append({newbotname.text(), newbotskill.text(), newbotteam.text()})); });
     listChanged();
 }
 
+void BotsRules::newbotcancel_Click() {
+    newbotskill.setText(std::string(kCancelled));
+    q3newbot.set(false);
+}
+
 void BotsRules::q3botdel_Click() {
-    const int position = doc_.q3botlist.current();
+    BotTable& bots = doc_.q3botlist;
+    const int position = bots.current();
     if (position == 0) return;
-    doc_.q3botlist.remove(position);
-    doc_.q3botlist.setCurrent(std::min(position, doc_.q3botlist.count()));
+    bots.edits.make("Delete Bot", [&] {
+        bots.remove(position);
+        bots.setCurrent(std::min(position, bots.count()));
+    });
     listChanged();
+}
+
+void BotsRules::restoreDesign() {
+    newbotcancel_Click();
+    q3randbots_Click();
 }
 
 void BotsRules::listChanged() {

@@ -1,35 +1,52 @@
 #pragma once
 
 #include "base/command_flags.h"
+#include "base/observable.h"
 #include "base/run_state.h"
 #include "base/signal.h"
+#include "config/bots.h"
 #include "config/settings_document.h"
+#include "platform/event_loop.h"
 
-#include <functional>
 #include <vector>
 
 namespace gatehouse {
 
-/// The rules of the Bots tab: the list of named bots, and the switch between it and random bots.
+/// The rules of the Bots tab: the list of named bots, the dialog `q3newbot` that adds to it, and the switch between it
+/// and random bots.
 class BotsRules {
 public:
-    /// Shows the dialog `q3newbot` with this bot in its fields. True if the user wants the bot that is then there.
-    using AskBot = std::function<bool(BotEntry&)>;
-
-    /// The rules hold from here on, for as long as this object lives. Until there is a dialog nobody adds a bot.
-    BotsRules(SettingsDocument& doc, CommandFlags& flags, RunState& run);
+    /// The rules hold from here on, for as long as this object lives.
+    BotsRules(SettingsDocument& doc, CommandFlags& flags, RunState& run, EventLoop& events);
     BotsRules(const BotsRules&) = delete;
     BotsRules& operator=(const BotsRules&) = delete;
 
-    AskBot askBot;
+    /// Whether the dialog is on show.
+    Observable<bool> q3newbot{false};
+    FieldGroup newbot{"newbot"};
+    ListField newbotname{newbot,
+                         {"newbotname", "Name:", "Who joins your game. Nobody minds if the same one joins twice."},
+                         {kBotNames.begin(), kBotNames.end()}};
+    /// Holds "X" once the dialog is cancelled.
+    TextField newbotskill{newbot,
+                          {"newbotskill", "Skill:", "From 1, who can hardly aim, to 5, who never misses."},
+                          "",
+                          Range{1, 5, 1}};
+    ListField newbotteam{newbot,
+                         {"newbotteam", "Team:", "Whose side the bot is on. Only team games care."},
+                         {kBotTeams.begin(), kBotTeams.end()}};
+
     /// The list asks for the input focus.
     Signal<> q3botlistFocusWanted;
 
+    /// Returns once the dialog is hidden.
     void q3botadd_Click();
     void q3botdel_Click();
+    void newbotOK_Click() { q3newbot.set(false); }
+    void newbotcancel_Click();
 
-    /// Shows again what stands there before any document.
-    void restoreDesign() { q3randbots_Click(); }
+    /// Shows again what stands there before any document. A dialog that is on show goes without a bot.
+    void restoreDesign();
 
 private:
     void q3randbots_Click();
@@ -41,6 +58,7 @@ private:
     SettingsDocument& doc_;
     CommandFlags& flags_;
     RunState& run_;
+    EventLoop& events_;
     std::vector<Connection> connections_;
 };
 

@@ -1,6 +1,7 @@
 #include "window/rules/key_rules.h"
 
 #include "base/text.h"
+#include "platform/forms.h"
 
 #include <algorithm>
 
@@ -20,36 +21,53 @@ bool isNoKey(std::string_view name) { return equalNoCase(name, kNoKey); }
 
 }  // namespace
 
-std::map<std::string_view, std::string> KeyRules::keysInUse() const {
-    std::map<std::string_view, std::string> inUse;
+KeyRules::KeysInUse KeyRules::keysInUse() const {
+    KeysInUse taken;
     for (int row = 1; row <= bindlist_.count(); ++row) {
         const KeyBinding& binding = bindlist_.at(row);
         const KeyButton* button = findButton(binding.tag);
-        if (button && !isNoKey(button->name)) inUse.emplace(button->name, binding.text);
+        if (!button || isNoKey(button->name)) continue;
+        const auto [it, fresh] = taken.emplace(button->name, binding.text);
+        if (!fresh) it->second += ", " + binding.text;  // only a document can have given one key twice
     }
-    return inUse;
+    return taken;
 }
 
 void KeyRules::bindlist_DblClick() {
     const int row = bindlist_.current();
-    if (row == 0 || !askKey) return;
+    if (row == 0) return;
     const std::string action = bindlist_.at(row).text;
+    inUse = keysInUse();
     log_.logEvent("choosing key for " + action);
-    log_.logEvent("keyboard dialog opened");
-    choose(row, askKey({.caption = "Pick a key for " + quoted(action), .inUse = keysInUse()}));
+    caption = "Pick a key for " + quoted(action);
+    q3keyboard_Activate();
+    showModal(q3keyboard, events_);
+    log_.logEvent("user chose key " + keyname);
+    if (!keyname.empty()) bind(action);
+    run_.ConfigChanged = true;
 }
 
-void KeyRules::choose(int row, const KeyButton* button) {
-    std::string keyname;
-    if (button) keyname = isNoKey(button->name) ? kNoKey : button->name;
-    log_.logEvent("user chose key " + keyname);
-    if (button) {
+void KeyRules::q3keyboard_Activate() {
+    ChosenKeyLabel.clear();
+    keyname.clear();
+    log_.logEvent("keyboard dialog opened");
+}
+
+void KeyRules::keyButton_Click(const KeyButton& button) {
+    ChosenKeyLabel = button.label;
+    keyname = isNoKey(button.name) ? kNoKey : button.name;
+    q3keyboard.set(false);
+}
+
+void KeyRules::bind(const std::string& action) {
+    const int row = bindlist_.current();
+    if (row == 0 || bindlist_.at(row).text != action) return;  // gone while the keyboard was on show
+    bindlist_.edits.make("Key for " + action, [&] {
         bindlist_.update(row, [&](KeyBinding& binding) {
-            binding.label = button->label;
+            binding.label = ChosenKeyLabel;
             binding.tag = keyname;
         });
-    }
-    run_.ConfigChanged = true;
+    });
 }
 
 void KeyRules::ResetKeyBindings() {

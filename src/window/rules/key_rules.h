@@ -1,47 +1,51 @@
 #pragma once
 
 #include "base/log.h"
+#include "base/observable.h"
 #include "base/run_state.h"
 #include "config/bindings.h"
+#include "platform/event_loop.h"
 
-#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
 
 namespace gatehouse {
 
-/// What the on-screen keyboard `q3keyboard` is opened with.
-struct KeyQuestion {
-    std::string caption;
-    /// The buttons that can't be pressed, by name, each with the action that has its key.
-    std::map<std::string_view, std::string> inUse;
-};
-
-/// The rules of the Keys tab: the choice of a key for an action.
+/// The rules of the Keys tab: the choice of a key for an action, on the on-screen keyboard `q3keyboard`.
 class KeyRules {
 public:
-    /// Shows the keyboard modally. The button pressed, or nothing if it was closed without one.
-    using AskKey = std::function<const KeyButton*(const KeyQuestion&)>;
+    /// Key buttons by name, each with the actions that have its key.
+    using KeysInUse = std::map<std::string_view, std::string>;
 
-    KeyRules(BindingTable& bindlist, RunState& run, Log& log) : bindlist_(bindlist), run_(run), log_(log) {}
+    KeyRules(BindingTable& bindlist, RunState& run, Log& log, EventLoop& events)
+        : bindlist_(bindlist), run_(run), log_(log), events_(events) {}
 
-    /// Until there is a keyboard nobody presses a key.
-    AskKey askKey;
+    /// Whether the keyboard is on show. Its caption and the buttons that can't be pressed are settled before.
+    Observable<bool> q3keyboard{false};
+    std::string caption;
+    KeysInUse inUse;
+    /// The button pressed last: what a row shows for it, and its name. Both are empty until one is pressed.
+    std::string ChosenKeyLabel;
+    std::string keyname;
 
-    /// Lets the user pick a key for the current row.
+    /// Lets the user pick a key for the current row. Returns once the keyboard is hidden; hidden without a press it
+    /// leaves the row as it is. The document counts as changed either way.
     void bindlist_DblClick();
-    /// Gives the row a button's key; without a button it keeps its own. The document counts as changed either way.
-    void choose(int row, const KeyButton* button);
-    /// The keys of all rows, those of aliases and of the row in question too. "No Key" is never in use.
-    std::map<std::string_view, std::string> keysInUse() const;
+    /// A button of the keyboard is pressed.
+    void keyButton_Click(const KeyButton& button);
     /// Leaves no row with a key.
     void ResetKeyBindings();
 
 private:
+    void q3keyboard_Activate();
+    KeysInUse keysInUse() const;
+    void bind(const std::string& action);
+
     BindingTable& bindlist_;
     RunState& run_;
     Log& log_;
+    EventLoop& events_;
 };
 
 }  // namespace gatehouse

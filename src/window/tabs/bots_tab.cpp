@@ -2,13 +2,14 @@
 #include "window/rules/bots_rules.h"
 #include "window/tabs/settings_form.h"
 #include "window/tabs/table_tabs.h"
-#include "window/widgets/binders.h"
-#include "window/widgets/icons.h"
+#include "window/widgets/follow.h"
+#include "window/widgets/table_tools.h"
 #include "window/widgets/table_view.h"
 
-#include <QAction>
 #include <QHBoxLayout>
-#include <QToolButton>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace gatehouse {
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int kNameLetters = 20;
 constexpr int kSkillLetters = 10;
+constexpr int kHeadingTop = 6;  // where the heading of a form is
 
 TableView* makeBotList(BotTable& q3botlist) {
     auto* view = new TableView(new TableModel(
@@ -26,47 +28,64 @@ TableView* makeBotList(BotTable& q3botlist) {
     view->setObjectName("q3botlist");
     view->setAccessibleName(QObject::tr("Bots"));
     view->setRootIsDecorated(false);
+    view->setEmptyText(QObject::tr("No bots yet. Press Insert to add one."));
     view->setColumnLetters({kNameLetters, kSkillLetters});
     return view;
+}
+
+QWidget* makeNamedBots(BotTable& q3botlist, BotsRules& rules, CommandFlags& flags) {
+    TableView* list = makeBotList(q3botlist);
+    follow(list, flags.q3botlist, [list](bool enabled) { list->setEnabled(enabled); });
+    listen(list, rules.q3botlistFocusWanted, [list] { list->setFocus(Qt::OtherFocusReason); });
+
+    auto* heading = new QLabel(QObject::tr("Named Bots"));
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    heading->setBuddy(list);
+    QToolBar* tools = makeTableTools("q3bottools", QObject::tr("Bots"));
+    addTableTool(*tools, *list,
+                 {"q3botadd", "add", QObject::tr("Add..."), QObject::tr("Choose a bot that joins"),
+                  QKeySequence(Qt::Key_Insert), flags.q3botadd, [&rules] { rules.q3botadd_Click(); }});
+    addTableTool(*tools, *list,
+                 {"q3botdel", "remove", QObject::tr("Delete"), QObject::tr("Take the bot off the list"),
+                  QKeySequence(Qt::Key_Delete), flags.q3botdel, [&rules] { rules.q3botdel_Click(); }});
+
+    auto* top = new QHBoxLayout;
+    heading->setContentsMargins(0, kHeadingTop, 0, 0);
+    top->addWidget(heading, 0, Qt::AlignTop);
+    top->addStretch(1);
+    top->addWidget(tools);
+    auto* named = new QWidget;
+    auto* column = new QVBoxLayout(named);
+    column->setContentsMargins({});
+    column->addLayout(top);
+    column->addWidget(list, 1);
+    return named;
 }
 
 }  // namespace
 
 QWidget* makeBotsTab(SettingsDocument& doc, BotsRules& rules, CommandFlags& flags) {
     auto* form = new SettingsForm(FormPlan{
-        .left = {{"Behaviour", {{doc.q3bot_nochat}, {doc.q3botfastchat}, {doc.q3botrjump}}},
-                 {"Random Bots", {{doc.q3randbots}, {doc.q3randnum}, {doc.q3randskill}}}},
+        .left = {{"Who Joins", {{doc.q3randbots}}},
+                 {"Behaviour", {{doc.q3bot_nochat}, {doc.q3botfastchat}, {doc.q3botrjump}}}},
         .right = {}});
+    auto* random =
+        new SettingsForm(FormPlan{.left = {{"Random Bots", {{doc.q3randnum}, {doc.q3randskill}}}}, .right = {}});
+    QWidget* named = makeNamedBots(doc.q3botlist, rules, flags);
 
-    TableView* list = makeBotList(doc.q3botlist);
-    follow(list, flags.q3botlist, [list](bool enabled) { list->setEnabled(enabled); });
-    listen(list, rules.q3botlistFocusWanted, [list] { list->setFocus(Qt::OtherFocusReason); });
+    // Either half of the choice takes the right side.
+    auto* choice = new QStackedWidget;
+    choice->addWidget(named);
+    choice->addWidget(random);
+    follow(choice, flags.namedBotsShown, [=](bool namedNow) { choice->setCurrentWidget(namedNow ? named : random); });
 
-    auto* remove = new QAction(icon("remove"), QObject::tr("Delete"), list);
-    remove->setShortcut(QKeySequence(Qt::Key_Delete));
-    remove->setShortcutContext(Qt::WidgetShortcut);
-    remove->setToolTip(QObject::tr("Take the bot off the list (Del)"));
-    bindCommand(*remove, flags.q3botdel, [&rules] { rules.q3botdel_Click(); });
-    list->addAction(remove);
-    auto* q3botdel = new QToolButton;
-    q3botdel->setObjectName("q3botdel");
-    q3botdel->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    q3botdel->setFocusPolicy(Qt::StrongFocus);
-    q3botdel->setDefaultAction(remove);
-
-    auto* named = new QWidget;
-    auto* column = new QVBoxLayout(named);
-    column->setContentsMargins({});
-    column->addWidget(list, 1);
-    column->addWidget(q3botdel, 0, Qt::AlignLeft);
     auto* tab = new QWidget;
     auto* row = new QHBoxLayout(tab);
     row->setContentsMargins({});
-    row->addWidget(form, 1);
-    row->addWidget(named, 1);
-    follow(named, flags.namedBotsShown, [named, tab](bool shownNow) {
-        named->setVisible(shownNow && named->parentWidget() == tab);
-    });
+    row->addWidget(form, 2);
+    row->addWidget(choice, 3);
     return tab;
 }
 

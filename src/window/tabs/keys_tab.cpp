@@ -1,7 +1,11 @@
 #include "config/settings_document.h"
 #include "window/rules/key_rules.h"
 #include "window/tabs/table_tabs.h"
+#include "window/widgets/icons.h"
 #include "window/widgets/table_view.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace gatehouse {
 
@@ -29,7 +33,20 @@ QWidget* makeKeysTab(SettingsDocument& doc, KeyRules& rules) {
     view->setRootIsDecorated(false);
     view->setColumnLetters({kActionLetters});
     QObject::connect(view, &QAbstractItemView::activated, view, [&rules] { rules.bindlist_DblClick(); });
-    return view;
+
+    auto* choose = new QPushButton(icon("keys"), QObject::tr("&Choose Key..."));
+    choose->setObjectName("choosekey");
+    const QString hint = QObject::tr("Pick a key for the chosen action on a keyboard (Return or double-click)");
+    choose->setToolTip(hint);
+    choose->setAccessibleDescription(hint);
+    QObject::connect(choose, &QPushButton::clicked, view, [&rules] { rules.bindlist_DblClick(); });
+
+    auto* tab = new QWidget;
+    auto* column = new QVBoxLayout(tab);
+    column->setContentsMargins({});
+    column->addWidget(view, 1);
+    column->addWidget(choose, 0, Qt::AlignLeft);
+    return tab;
 }
 
 }  // namespace gatehouse

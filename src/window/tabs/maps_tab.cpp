@@ -23,10 +23,14 @@ constexpr int kNameLetters = 18;
 
 std::string mapIcon(MapImage image) {
     switch (image) {
-        case MapImage::ClosedGroup: return "group-closed";
-        case MapImage::OpenGroup: return "group-open";
-        case MapImage::UsedMap: return "map-used";
-        case MapImage::FreeMap: break;
+        case MapImage::ClosedGroup:
+            return "group-closed";
+        case MapImage::OpenGroup:
+            return "group-open";
+        case MapImage::UsedMap:
+            return "map-used";
+        case MapImage::FreeMap:
+            break;
     }
     return "map-free";
 }
@@ -43,7 +47,8 @@ int groupOf(const MapTree& maptree, int position) {
 void setGroupOpen(MapTree& maptree, int position, bool open) {
     const MapImage now = maptree.at(position).image;
     if (now != MapImage::ClosedGroup && now != MapImage::OpenGroup) return;
-    maptree.update(position, [open](MapEntry& node) { node.image = open ? MapImage::OpenGroup : MapImage::ClosedGroup; });
+    maptree.update(position,
+                   [open](MapEntry& node) { node.image = open ? MapImage::OpenGroup : MapImage::ClosedGroup; });
 }
 
 /// Runs a rule whenever a widget gets the input focus.
@@ -64,14 +69,13 @@ private:
 
 TableView* makeTree(MapTree& maptree, RotationRules& rules) {
     auto* tree = new TableView(new TableModel(
-        maptree, TableLook<MapEntry>{
-                     .columns = {{"Map", [](const MapEntry& node) { return trim(node.text); }}},
-                     .ink = [](const MapEntry& node) { return node.used ? Ink::Grey : Ink::Normal; },
-                     .picture =
-                         [](const MapEntry& node) {
-                             return RowPicture{mapIcon(node.image), node.used ? "In the rotation" : ""};
-                         },
-                     .parent = groupOf}));
+        maptree, TableLook<MapEntry>{.columns = {{"Map", [](const MapEntry& node) { return trim(node.text); }}},
+                                     .ink = [](const MapEntry& node) { return node.used ? Ink::Grey : Ink::Normal; },
+                                     .picture =
+                                         [](const MapEntry& node) {
+                                             return RowPicture{mapIcon(node.image), node.used ? "In the rotation" : ""};
+                                         },
+                                     .parent = groupOf}));
     tree->setObjectName("maptree");
     tree->setAccessibleName(QObject::tr("Maps"));
     tree->setHeaderHidden(true);
@@ -89,9 +93,8 @@ TableView* makeTree(MapTree& maptree, RotationRules& rules) {
 TableView* makeList(Rotation& maplist, RotationRules& rules) {
     // The rows stand in the order of their position texts; the texts themselves tell a reader nothing more.
     auto* list = new TableView(new TableModel(
-        maplist, TableLook<RotationRow>{
-                     .columns = {{"Map", [](const RotationRow& row) { return trim(row.name); }},
-                                 {"Description", &RotationRow::description}}}));
+        maplist, TableLook<RotationRow>{.columns = {{"Map", [](const RotationRow& row) { return trim(row.name); }},
+                                                    {"Description", &RotationRow::description}}}));
     list->setObjectName("maplist");
     list->setAccessibleName(QObject::tr("Map Rotation"));
     list->setRootIsDecorated(false);
@@ -130,18 +133,18 @@ QWidget* makeMapsTab(SettingsDocument& doc, MapCatalog& maps, RotationRules& rul
 
     QToolBar* catalogTools = makeTableTools("mtool2_tree", QObject::tr("Catalog"));
     addTableTool(*catalogTools, *tree,
-                 {"mtool2_2", "add", QObject::tr("Add"), QObject::tr("Put the map into the rotation"), QKeySequence(Qt::Key_Insert),
-             flags.mtool2[2], [&rules] { rules.addToRotation(); }});
+                 {"mtool2_2", "add", QObject::tr("Add"), QObject::tr("Put the map into the rotation"),
+                  QKeySequence(Qt::Key_Insert), flags.mtool2[2], [&rules] { rules.addToRotation(); }});
     QToolBar* rotationTools = makeTableTools("mtool1", QObject::tr("Rotation"));
     addTableTool(*rotationTools, *list,
                  {"mtool2_1", "remove", QObject::tr("Remove"), QObject::tr("Take the map out of the rotation"),
-             QKeySequence(Qt::Key_Delete), flags.mtool2[1], [&rules] { rules.removeFromRotation(); }});
+                  QKeySequence(Qt::Key_Delete), flags.mtool2[1], [&rules] { rules.removeFromRotation(); }});
     addTableTool(*rotationTools, *list,
-                 {"mtool1_1", "move-up", QObject::tr("Up"), QObject::tr("Play the map earlier"), QKeySequence(Qt::ALT | Qt::Key_Up),
-             flags.mtool1[1], [&rules] { rules.moveUp(); }});
+                 {"mtool1_1", "move-up", QObject::tr("Up"), QObject::tr("Play the map earlier"),
+                  QKeySequence(Qt::ALT | Qt::Key_Up), flags.mtool1[1], [&rules] { rules.moveUp(); }});
     addTableTool(*rotationTools, *list,
-                 {"mtool1_2", "move-down", QObject::tr("Down"), QObject::tr("Play the map later"), QKeySequence(Qt::ALT | Qt::Key_Down),
-             flags.mtool1[2], [&rules] { rules.moveDown(); }});
+                 {"mtool1_2", "move-down", QObject::tr("Down"), QObject::tr("Play the map later"),
+                  QKeySequence(Qt::ALT | Qt::Key_Down), flags.mtool1[2], [&rules] { rules.moveDown(); }});
 
     auto* split = new QSplitter(Qt::Horizontal);
     split->setObjectName("mapsplit");

@@ -3,6 +3,7 @@
 #include "platform/qt/shown_text.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/spin_text.h"
+#include "window/widgets/wheel_guard.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -43,11 +44,6 @@ void useBuddy(const QLabel& caption) {
     if (!buddy->isEnabled()) return;
     buddy->setFocus(Qt::MouseFocusReason);
     if (auto* box = qobject_cast<QCheckBox*>(buddy)) box->click();
-}
-
-bool takesWheel(const QWidget& widget) {
-    return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QAbstractSlider*>(&widget) ||
-           qobject_cast<const QAbstractSpinBox*>(&widget);
 }
 
 }  // namespace
@@ -108,7 +104,7 @@ void SettingsForm::addRow(QGridLayout& grid, const FormRow& row) {
 
     const int line = grid.rowCount();
     grid.addWidget(caption, line, 0);
-    grid.addWidget(cell, line, 1);
+    grid.addWidget(row.behind ? sideBySide(cell, row.behind, cell) : cell, line, 1);
 }
 
 QWidget* SettingsForm::makeEditor(const FormRow& row) {
@@ -140,8 +136,7 @@ QWidget* SettingsForm::makeText(TextField& field, Typed typed) {
     }
     auto* spin = new SpinText;
     bind(*spin, field, typed);
-    spin->setFocusPolicy(Qt::StrongFocus);
-    spin->installEventFilter(this);
+    guardFromWheel(*spin);
     return spin;
 }
 
@@ -151,16 +146,14 @@ QWidget* SettingsForm::makeList(ListField& field) {
     // The longest entry must not decide how wide the column is.
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMinimumContentsLength(kShortestList);
-    list->setFocusPolicy(Qt::StrongFocus);
-    list->installEventFilter(this);
+    guardFromWheel(*list);
     return list;
 }
 
 QWidget* SettingsForm::makeSlider(SliderField& field) {
     auto* slider = new QSlider(Qt::Horizontal);
     bind(*slider, field);
-    slider->setFocusPolicy(Qt::StrongFocus);
-    slider->installEventFilter(this);
+    guardFromWheel(*slider);
 
     auto* value = new QLabel(QString::number(field.range()->max));
     value->setMinimumWidth(value->sizeHint().width());
@@ -186,14 +179,6 @@ bool SettingsForm::eventFilter(QObject* watched, QEvent* event) {
         const auto* caption = qobject_cast<QLabel*>(watched);
         const auto* mouse = static_cast<QMouseEvent*>(event);
         if (caption && mouse->button() == Qt::LeftButton && caption->rect().contains(mouse->pos())) useBuddy(*caption);
-    }
-    if (event->type() == QEvent::Wheel) {
-        // Who scrolls the tab must not change what happens to pass under the mouse.
-        const auto* editor = qobject_cast<QWidget*>(watched);
-        if (editor && takesWheel(*editor) && !editor->hasFocus()) {
-            event->ignore();
-            return true;
-        }
     }
     return QScrollArea::eventFilter(watched, event);
 }

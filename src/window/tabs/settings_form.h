@@ -22,6 +22,8 @@ struct FormRow {
     LabelField* title = nullptr;
     /// The check that lets a password be typed; it stands in front of the line and gives the row its caption.
     CheckField* lock = nullptr;
+    /// Stands behind the field's widget.
+    QWidget* behind = nullptr;
 };
 
 /// Rows under a heading.

@@ -1,16 +1,35 @@
 #include "window/tabs/settings_tabs.h"
 
 #include "config/settings_document.h"
+#include "window/rules/mod_options.h"
 #include "window/tabs/settings_form.h"
+#include "window/widgets/follow.h"
+
+#include <QComboBox>
+#include <QPushButton>
 
 namespace gatehouse {
 
-QWidget* makeServerTab(SettingsDocument& doc) {
+namespace {
+
+QPushButton* makeModButton(ModOptions& modOptions) {
+    auto* button = new QPushButton(QObject::tr("Mod &Options..."));
+    button->setObjectName("modoptions");
+    const QString hint = QObject::tr("Settings of the chosen mod itself");
+    button->setToolTip(hint);
+    button->setAccessibleDescription(hint);
+    QObject::connect(button, &QPushButton::clicked, button, [&modOptions] { modOptions.modoptions_Click(); });
+    return button;
+}
+
+}  // namespace
+
+QWidget* makeServerTab(SettingsDocument& doc, ModOptions& modOptions) {
     // What comes and goes with the game type is last in its column, so that nothing else moves.
-    return new SettingsForm({
+    auto* tab = new SettingsForm({
         .left = {{"Welcome", {{doc.q3hostname}, {doc.q3motd}}},
                  {"Game",
-                  {{doc.modcombo},
+                  {{.field = doc.modcombo, .behind = makeModButton(modOptions)},
                    {doc.q3gametype},
                    {.field = doc.fraglimit, .typed = Typed::Number, .title = &doc.fraglabel},
                    {.field = doc.timelimit, .typed = Typed::Number},
@@ -40,6 +59,9 @@ QWidget* makeServerTab(SettingsDocument& doc) {
                     {doc.q3clientsync}}},
                   {"Memory", {{doc.q3hunksize}}}},
     });
+    auto* mods = tab->findChild<QComboBox*>(QString::fromStdString(doc.modcombo.name()));
+    listen(mods, modOptions.modcomboFocusWanted, [mods] { mods->setFocus(Qt::OtherFocusReason); });
+    return tab;
 }
 
 QWidget* makeVideoTab(SettingsDocument& doc) {

@@ -12,6 +12,8 @@ class MapCatalog;
 class ModelCatalog;
 class RotationRules;
 class KeyRules;
+class ServerCommands;
+class StatusQuery;
 struct RunState;
 struct SettingsDocument;
 
@@ -21,8 +23,8 @@ struct SettingsDocument;
 QWidget* makeMapsTab(SettingsDocument& doc, MapCatalog& maps, RotationRules& rules, CommandFlags& flags);
 /// The actions and their keys.
 QWidget* makeKeysTab(SettingsDocument& doc, KeyRules& rules);
-/// The list of servers.
-QWidget* makeServersTab(ServerTable& iplist);
+/// The list of servers, the tool bar of its commands and the totals.
+QWidget* makeServersTab(ServerTable& iplist, ServerCommands& commands, StatusQuery& query, CommandFlags& flags);
 /// The bots that join, named or random, and how they behave.
 QWidget* makeBotsTab(SettingsDocument& doc, BotsRules& rules, CommandFlags& flags);
 /// The player's name and looks beside the tree of models.

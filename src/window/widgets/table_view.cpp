@@ -44,8 +44,9 @@ void TableView::setColumnLetters(const std::vector<int>& letters) {
 void TableView::showCurrent() {
     const QModelIndex wanted = rows_.indexOf(rows_.source().current());
     if (rows_.position(wanted) == rows_.position(currentIndex())) return;
-    const auto how = selectionMode() == SingleSelection ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
-                                                        : QItemSelectionModel::NoUpdate;
+    const auto how = selectionMode() == SingleSelection
+                         ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                         : QItemSelectionModel::NoUpdate;
     selectionModel()->setCurrentIndex(wanted, how);
     if (wanted.isValid()) scrollTo(wanted);
 }

@@ -235,9 +235,17 @@ void ScriptedLoop::yield() {
 void ScriptedLoop::waitUntil(const std::function<bool()>& condition, int tickMilliseconds) {
     for (int turns = 0; !condition(); ++turns) {
         if (turns > 100000) throw std::logic_error("a wait that never ends");
+        const bool idle = pending.empty();
         yield();
-        advance(tickMilliseconds);
+        advance(tickMilliseconds == 0 && idle ? untilNextTimer() : tickMilliseconds);
     }
+}
+
+int ScriptedLoop::untilNextTimer() const {
+    double next = clock_.ticks;
+    for (const auto* timer : timers_)
+        if (timer->running()) next = next == clock_.ticks ? timer->due() : std::min(next, timer->due());
+    return static_cast<int>(next - clock_.ticks);
 }
 
 Answer ScriptedDialogs::show(const MessageBox& box) {

@@ -85,7 +85,8 @@ public:
     DateTime time{2001, 2, 3, 14, 5, 6};
 };
 
-/// An event loop whose time is the manual clock's: a wait runs the next timer, or lets its tick pass.
+/// An event loop whose time is the manual clock's: a wait without a tick jumps to the next timer, another lets its tick
+/// pass.
 class ScriptedLoop : public EventLoop {
 public:
     explicit ScriptedLoop(ManualClock& clock) : clock_(clock) {}
@@ -102,6 +103,7 @@ public:
 
 private:
     friend class ScriptedTimer;
+    int untilNextTimer() const;
     ManualClock& clock_;
     std::vector<class ScriptedTimer*> timers_;
 };
@@ -167,14 +169,34 @@ class FakeSocket : public UdpSocket {
 public:
     void setRemoteHost(const std::string& name) override { host = name; }
     void setRemotePort(std::int32_t number) override { port = number; }
-    void sendData(const std::string& bytes) override { sent.push_back(bytes); }
-    std::string getData() override { return reply; }
-    void close() override {}
+    void sendData(const std::string& bytes) override {
+        if (failingSends > 0 && failingSends-- > 0) throw RuntimeFailure("unreachable");
+        sent.push_back(host + "|" + std::to_string(port) + "|" + bytes);
+        ports += !open;
+        open = true;
+        if (onSend) onSend();
+    }
+    std::string getData() override {
+        if (failToRead) throw RuntimeFailure("gone");
+        return reply;
+    }
+    void close() override { open = false; }
     std::string remoteHostIp() const override { return host; }
     std::int32_t remotePort() const override { return port; }
+    /// A datagram arrives, if anybody listens.
+    void deliver(std::string bytes) {
+        if (!open) return;
+        reply = std::move(bytes);
+        onDataArrival(static_cast<int>(reply.size()));
+    }
     std::string host, reply;
     std::int32_t port = 0;
-    std::vector<std::string> sent;
+    std::vector<std::string> sent;  ///< host, port and bytes
+    std::function<void()> onSend;
+    int ports = 0;  ///< local ports taken so far
+    int failingSends = 0;
+    bool failToRead = false;
+    bool open = false;
 };
 
 class FakeViewers : public Viewers {

@@ -12,15 +12,31 @@ protected:
     fake::DocumentDesk desk;
     BotTable& bots = desk.doc.q3botlist;
     CommandFlags& flags = desk.flags;
-    BotsRules rules{desk.doc, desk.flags, desk.run};
+    BotsRules rules{desk.doc, desk.flags, desk.run, desk.world.events};
+
+    /// Adds a bot, with what a person does in the dialog.
+    void add(std::function<void()> answer) {
+        desk.world.events.pending.push_back(std::move(answer));
+        rules.q3botadd_Click();
+        EXPECT_FALSE(rules.q3newbot.get());
+    }
 };
 
 TEST_F(BotsRulesTest, AddingAndDeletingKeepARowSelected) {
-    rules.askBot = [](BotEntry&) { return false; };
-    rules.q3botadd_Click();
+    add([this] { rules.newbotcancel_Click(); });
+    add([this] { rules.restoreDesign(); });
     EXPECT_TRUE(bots.empty() && !desk.run.ConfigChanged && !flags.q3botdel.get());
-    rules.askBot = [](BotEntry& bot) { return bot.name + bot.skill + bot.team == "Anarki1Red"; };
-    for (int i = 0; i < 3; ++i) rules.q3botadd_Click();
+    // What was chosen the last time, or the mark of a cancel, is not what the dialog comes up with.
+    for (const BotEntry& bot : {BotEntry{"Xaero", "4.5", "None"}, {"Anarki", "1", "Red"}, {"Angel", "x", "Blue"}}) {
+        add([&] {
+            EXPECT_EQ(rules.newbotname.text() + rules.newbotskill.text() + rules.newbotteam.text(), "Anarki1Red");
+            rules.newbotname.setIndex(bot.name == "Xaero" ? 31 : bot.name == "Angel" ? 1 : 0);
+            rules.newbotskill.setText(bot.skill);
+            rules.newbotteam.setIndex(bot.team == "None" ? 2 : bot.team == "Blue" ? 1 : 0);
+            rules.newbotOK_Click();
+        });
+        EXPECT_EQ(bots.at(bots.current()), bot);
+    }
     EXPECT_EQ(bots.current(), 3);
     desk.run.ConfigChanged = false;
     rules.q3botdel_Click();
@@ -28,7 +44,7 @@ TEST_F(BotsRulesTest, AddingAndDeletingKeepARowSelected) {
     EXPECT_TRUE(desk.run.ConfigChanged && flags.q3botdel.get());
     for (int i = 0; i < 3; ++i) rules.q3botdel_Click();
     EXPECT_FALSE(flags.q3botdel.get());
-    rules.q3botadd_Click();
+    add([this] { rules.newbotOK_Click(); });
     EXPECT_TRUE(flags.q3botdel.get());
 }
 

@@ -8,40 +8,52 @@ namespace gatehouse {
 namespace {
 
 TEST(KeyRules, AKeyInUseByAnyRowCannotBePickedAgain) {
+    fake::World world;
     BindingTable bindlist;
     RunState run;
-    fake::RecordingLog log;
-    KeyRules rules{bindlist, run, log};
+    std::vector<std::string>& lines = world.log.lines;
+    KeyRules rules{bindlist, run, world.log, world.events};
     fillBindings(bindlist);
     bindlist.append({"Alias: wave", "a1", "T", "KT", BindingKind::Alias});
-    bindlist.append({"Of a strange document", "a2", "?", "nosuchkey", BindingKind::Alias});
-    const auto press = [&](const char* name) {
-        KeyQuestion asked;
+    bindlist.append({"Alias: shout", "a2", "T", "kt", BindingKind::Alias});
+    bindlist.append({"Of a strange document", "a3", "?", "nosuchkey", BindingKind::Alias});
+    const auto pick = [&](const char* name) {
         run.ConfigChanged = false;
-        rules.askKey = [&](const KeyQuestion& question) {
-            asked = question;
-            return name ? &keyButton(name) : nullptr;
-        };
+        world.events.pending.push_back([&, name] {
+            EXPECT_TRUE(rules.keyname.empty() && rules.ChosenKeyLabel.empty() && rules.q3keyboard.get());
+            if (name)
+                rules.keyButton_Click(keyButton(name));
+            else
+                rules.q3keyboard.set(false);
+        });
         rules.bindlist_DblClick();
-        EXPECT_TRUE(run.ConfigChanged);
-        return asked;
+        EXPECT_TRUE(run.ConfigChanged && !rules.q3keyboard.get());
     };
-    const KeyQuestion first = press("pagedown");
-    EXPECT_EQ(first.caption, "Pick a key for \"Move Forward\"");
-    EXPECT_EQ(first.inUse, (std::map<std::string_view, std::string>{{"kt", "Alias: wave"}}));
+    pick("pagedown");
+    EXPECT_EQ(rules.caption, "Pick a key for \"Move Forward\"");
+    EXPECT_EQ(rules.inUse, (KeyRules::KeysInUse{{"kt", "Alias: wave, Alias: shout"}}));
     EXPECT_EQ(bindlist.at(1).label + bindlist.at(1).tag, "PageDownpagedown");
-    EXPECT_EQ(log.lines, (std::vector<std::string>{"choosing key for Move Forward", "keyboard dialog opened",
-                                                   "user chose key pagedown"}));
-    EXPECT_EQ(press(nullptr).inUse.at("pagedown"), "Move Forward") << "the row's own key too";
-    EXPECT_EQ(log.lines.back(), "user chose key ");
+    EXPECT_EQ(lines, (std::vector<std::string>{"choosing key for Move Forward", "keyboard dialog opened",
+                                               "user chose key pagedown"}));
+    pick(nullptr);
+    EXPECT_EQ(rules.inUse.at("pagedown"), "Move Forward") << "the row's own key too";
+    EXPECT_EQ(lines.back(), "user chose key ");
     EXPECT_EQ(bindlist.at(1).tag, "pagedown");
-    press("nothing");
+    pick("nothing");
     EXPECT_EQ(bindlist.at(1).label + bindlist.at(1).tag, "UnboundNOTHING");
-    EXPECT_EQ(press("kw").inUse.size(), 1u);
     rules.ResetKeyBindings();
-    EXPECT_EQ(log.lines.back(), "unbound 42 commands OK") << "one more than there are";
-    EXPECT_TRUE(rules.keysInUse().empty());
-    EXPECT_EQ(bindlist.at(40).label + bindlist.at(40).tag, "UnboundNOTHING");
+    EXPECT_EQ(lines.back(), "unbound 43 commands OK") << "one more than there are";
+    EXPECT_EQ(bindlist.at(41).label + bindlist.at(41).tag, "UnboundNOTHING");
+    pick(nullptr);
+    EXPECT_TRUE(rules.inUse.empty()) << "no key can always be picked";
+
+    world.events.pending.push_back([&] {
+        bindlist.clear();
+        rules.keyButton_Click(keyButton("kw"));
+    });
+    bindlist.setCurrent(2);
+    rules.bindlist_DblClick();
+    EXPECT_TRUE(bindlist.empty());
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ protected:
     fake::RecordingLog& log = desk.world.log;
     ServerTable iplist;
     ModelCatalog models{desk.world.files, log, desk.run};
-    KeyRules keys{doc.bindlist, desk.run, log};
+    KeyRules keys{doc.bindlist, desk.run, log, desk.world.events};
     Observable<std::string> tabKey{std::string("servers")};
     std::string model;
     TabReset reset{{desk.world.dialogs, log, desk.run, desk.flags, doc, iplist, models, keys, tabKey,

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "base/log.h"
+#include "base/observable.h"
+#include "base/table.h"
+#include "platform/event_loop.h"
+#include "servers/server_entry.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace gatehouse {
+
+/// One row of the players dialog. All columns are texts.
+struct PlayerRow {
+    std::string Name;   ///< without colours
+    std::string Frags;  ///< right-aligned in five characters
+    std::string Ping;
+};
+
+using PlayerTable = Table<PlayerRow>;
+
+inline constexpr int kFragsColumn = 1;
+
+/// The text of a column, from 0. Fails for a column that isn't there.
+const std::string& playerColumn(const PlayerRow& row, int column);
+
+/// The players of a status reply.
+struct PlayersOfReply {
+    std::vector<PlayerRow> players;
+    bool broken = false;  ///< a line was no player's: it and what stands behind it was left
+};
+
+/// Reads the players that stand behind the second line of a reply; nothing if the reply ends before.
+std::optional<PlayersOfReply> playersOf(std::string_view reply);
+
+/// The dialog `q3players`: who plays on the current server.
+class PlayersForm {
+public:
+    PlayersForm(ServerTable& iplist, EventLoop& events, Log& log) : iplist_(iplist), events_(events), log_(log) {}
+
+    /// Whether the dialog is on show.
+    Observable<bool> q3players{false};
+    Observable<std::string> caption{std::string(kDesignCaption)};
+    PlayerTable playerlist;
+
+    /// Fills the dialog from the current server's last reply and shows it until it is closed. A server that has told
+    /// nothing about players doesn't bring it up.
+    void showPlayers();
+    void plistclose_Click() { q3players.set(false); }
+
+    /// Puts the dialog back to where it is before its first showing.
+    void restoreDesign();
+
+private:
+    static constexpr std::string_view kDesignCaption = "Players on X";
+
+    bool q3players_Activate();
+
+    ServerTable& iplist_;
+    EventLoop& events_;
+    Log& log_;
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,237 @@
+#include "servers/status_query.h"
+
+#include "base/numbers.h"
+#include "base/runtime_failure.h"
+#include "base/text.h"
+#include "servers/status_reply.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <limits>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr long kPortDigits = 5;
+constexpr std::size_t kPingWidth = 4;
+constexpr std::size_t kPlayersWidth = 5;
+constexpr const char* kDumpFile = "C:\\out.txt";
+constexpr const char* kStandardPort = "27960";
+
+std::int32_t portNumber(const std::string& text) {
+    try {
+        if (isNumeric(text)) return strictInt32(text);
+    } catch (const RuntimeFailure&) {
+        // Too large for any number is no number either.
+    }
+    return strictInt32(kStandardPort);
+}
+
+/// Seconds as whole milliseconds. Fails for a text that is no number.
+int milliseconds(const std::string& seconds) {
+    const double value = std::nearbyint(val(seconds) * 1000.0);
+    if (!isNumeric(seconds) || std::abs(value) > std::numeric_limits<std::int32_t>::max())
+        throw RuntimeFailure("Type mismatch: " + quoted(seconds) + " is no time in seconds");
+    return static_cast<int>(value);
+}
+
+}  // namespace
+
+StatusQuery::StatusQuery(const StatusQueryParts& parts)
+    : parts_(parts), q3pingtimer_(parts.events.createTimer([this] { q3pingtimer_Timer(); })) {
+    parts_.socket.onDataArrival = [this](int bytesTotal) { q3winsock_DataArrival(bytesTotal); };
+    parts_.socket.onError = [this](int number, const std::string& description) {
+        q3winsock_Error(number, description);
+    };
+}
+
+void StatusQuery::ping_Server() {
+    if (parts_.iplist.empty()) return;
+    const ServerEntry server = parts_.iplist.at(QueryRow);
+    // Always a colon and five digits: a shorter port takes from the host.
+    const std::string host = left(server.Address, static_cast<long>(server.Address.size()) - kPortDigits - 1);
+    parts_.socket.setRemoteHost(host);
+    parts_.socket.setRemotePort(portNumber(right(server.Address, kPortDigits)));
+    if (server.number == 0) parts_.iplist.update(QueryRow, [this](ServerEntry& row) { row.number = ++lastNumber_; });
+    asked_ = parts_.iplist.at(QueryRow).number;
+    // A query can begin while another waits: what answers that one still gets must not be taken for its own.
+    parts_.socket.close();
+    if (!send()) return;
+    QuerySentTick_ = static_cast<std::uint32_t>(static_cast<std::int64_t>(parts_.clock.tickCount()));
+    enableCommands(false);
+    parts_.log.logEvent("Waiting for Response from " + server.Name);
+    q3pingtimer_->setInterval(milliseconds(parts_.q3pingwait.text()));
+    q3pingtimer_->setEnabled(true);
+}
+
+bool StatusQuery::send() {
+    for (const char* report : {"Winsock error. Retrying", "Bad IP Address."}) {
+        try {
+            parts_.socket.sendData(std::string(kStatusRequest));
+            return true;
+        } catch (const RuntimeFailure&) {
+            parts_.log.logEvent(report);
+        }
+    }
+    enableCommands(true);
+    parts_.socket.close();
+    stopTimer();
+    QueryRow = 0;
+    return false;
+}
+
+void StatusQuery::q3pingtimer_Timer() {
+    parts_.log.logEvent("No Response From Server");
+    parts_.socket.close();
+    stopTimer();
+    enableCommands(true);
+    if (const int row = rowOf(asked_)) {
+        parts_.iplist.update(row, [](ServerEntry& server) {
+            server.Ping = "9999";
+            server.Players = server.Game = server.Mod = "?";
+            server.SmallIcon = "bad";
+        });
+    }
+    QueryRow = 0;
+}
+
+void StatusQuery::q3winsock_DataArrival(int bytesTotal) {
+    std::string reply;
+    try {
+        reply = parts_.socket.getData();
+        parts_.log.logEvent("Response OK. Bytes: " + std::to_string(bytesTotal));
+        parts_.socket.close();
+        stopTimer();
+    } catch (const std::exception&) {
+        return badReply("Error while contacting ", reply);
+    }
+    try {
+        takeReply(reply);
+    } catch (const std::exception&) {
+        return badReply("Bad Status returned from ", reply);
+    }
+    QueryRow = 0;
+    if (PlayersAfterReply && showPlayers && rowOf(asked_) != 0) showPlayers();
+}
+
+void StatusQuery::takeReply(const std::string& reply) {
+    const auto dump = parts_.files.createText(kDumpFile);
+    dump->writeLine(reply);
+    dump->close();
+    writeRow(reply);
+    enableCommands(true);
+}
+
+void StatusQuery::writeRow(const std::string& reply) {
+    const std::string mod = oneLine(FindCvar("fs_game", reply));
+    const std::string name = oneLine(FindCvar("sv_hostname", reply));
+    const auto now = static_cast<std::uint32_t>(static_cast<std::int64_t>(parts_.clock.tickCount()));
+    const std::string ping = std::to_string(now - QuerySentTick_);
+    const std::string count = std::to_string(playerCount(reply));
+    const std::string players = padLeft(count + "/" + oneLine(FindCvar("sv_maxclients", reply)), kPlayersWidth);
+    const std::string game = gameText(reply);
+    const std::string map = upper(oneLine(FindCvar("mapname", reply)));
+    const int row = rowOf(asked_);
+    if (row == 0) return;
+    parts_.iplist.update(row, [&](ServerEntry& server) {
+        server.Name = name;
+        server.Ping = padLeft(ping, kPingWidth);
+        server.Players = players;
+        server.Game = game;
+        server.Mod = mod;
+        server.Map = map;
+        server.StatusReply = reply;
+        server.PlayerCount = count;
+    });
+    setPicture(row, FindCvar("sv_privateclients", reply) == "1" ? "locked" : "ok");
+}
+
+std::string StatusQuery::gameText(const std::string& reply) {
+    sharedIndex_ = val(FindCvar("g_gametype", reply));
+    const auto& labels = parts_.mods.current().gtype;
+    if (!(sharedIndex_ >= 0 && sharedIndex_ < static_cast<double>(labels.size()))) return "???";
+    const std::string& label = labels.at(static_cast<std::size_t>(std::nearbyint(sharedIndex_)));
+    return trim(label).empty() ? "???" : label;
+}
+
+void StatusQuery::badReply(const std::string& report, const std::string& reply) {
+    parts_.log.logEvent(
+        report + parts_.socket.remoteHostIp() + ":" + std::to_string(parts_.socket.remotePort()) + "," + reply, true);
+    if (const int row = rowOf(asked_)) setPicture(row, "bad");
+    enableCommands(true);
+    parts_.socket.close();
+    QueryRow = 0;
+    q3pingtimer_->setEnabled(false);
+}
+
+void StatusQuery::q3winsock_Error(int number, const std::string& description) {
+    parts_.log.logEvent("Problem with Winsock. Error " + std::to_string(number) + ", " + description, true);
+    constexpr double kOk = 1;
+    parts_.dialogs.show({.title = "Gatehouse", .text = "Winsock Error", .safeAnswer = Answer::Ok});
+    sharedIndex_ = kOk;
+}
+
+void StatusQuery::QuerySelectedServers() {
+    PlayersAfterReply = false;
+    const int rows = parts_.iplist.count();
+    for (sharedIndex_ = 1; sharedIndex_ <= rows; sharedIndex_ += 1) {
+        const auto row = static_cast<std::int16_t>(std::nearbyint(sharedIndex_));
+        // Rows may have gone during a wait.
+        if (row < 1 || row > parts_.iplist.count() || !parts_.iplist.selected(row)) continue;
+        parts_.log.logEvent("Querying Server: " + parts_.iplist.at(row).Name);
+        setPicture(row, "mystery");
+        askAndWait(row);
+        // A server may report any number for its game type: there is nothing to walk below the first row.
+        sharedIndex_ = std::max(sharedIndex_, 0.0);
+    }
+    addTotals();
+}
+
+void StatusQuery::addTotals() {
+    std::int64_t players = 0;
+    for (int row = 1; row <= parts_.iplist.count(); ++row)
+        players += static_cast<std::int64_t>(val(parts_.iplist.at(row).PlayerCount));
+    iptotplayers.setText(std::to_string(players));
+    iptotservers.setText(std::to_string(parts_.iplist.count()));
+}
+
+int StatusQuery::askAndWait(std::int16_t row) {
+    QueryRow = row;
+    ping_Server();
+    const std::uint32_t asked = asked_;
+    parts_.events.waitUntil([this] { return QueryRow == 0; }, 0);
+    return rowOf(asked);
+}
+
+void StatusQuery::stopTimer() {
+    q3pingtimer_->setInterval(0);
+    q3pingtimer_->setEnabled(false);
+}
+
+void StatusQuery::enableCommands(bool enabled) {
+    // The list may have been emptied while a query waited.
+    const bool on = enabled && !parts_.iplist.empty();
+    for (const std::size_t button : {3, 4}) parts_.flags.tbservers[button].set(on);
+}
+
+int StatusQuery::rowOf(std::uint32_t number) const {
+    for (int row = 1; row <= parts_.iplist.count(); ++row)
+        if (parts_.iplist.at(row).number == number) return row;
+    return 0;
+}
+
+void StatusQuery::setPicture(int row, const char* key) {
+    parts_.iplist.update(row, [key](ServerEntry& server) { server.SmallIcon = key; });
+}
+
+void StatusQuery::restoreDesign() {
+    parts_.socket.close();
+    stopTimer();
+    QueryRow = 0;
+    PlayersAfterReply = false;
+    for (Field* total : totals.fields) total->restoreDesign();
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "base/command_flags.h"
+#include "base/field.h"
+#include "base/log.h"
+#include "mods/mod_table.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/udp_socket.h"
+#include "servers/server_entry.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace gatehouse {
+
+/// What a status query acts on. All of it outlives the query.
+struct StatusQueryParts {
+    UdpSocket& socket;
+    EventLoop& events;
+    Clock& clock;
+    Files& files;
+    Dialogs& dialogs;
+    Log& log;
+    CommandFlags& flags;
+    ServerTable& iplist;
+    const ModTable& mods;
+    const TextField& q3pingwait;
+    bool& ServerListChanged;
+};
+
+/// Asks servers of the game for their status over UDP, one at a time: one datagram out, one in. Idle while `QueryRow`
+/// is 0, waiting otherwise.
+class StatusQuery {
+public:
+    explicit StatusQuery(const StatusQueryParts& parts);
+    StatusQuery(const StatusQuery&) = delete;
+    StatusQuery& operator=(const StatusQuery&) = delete;
+
+    /// The row to ask, set by the caller; not 0 while an answer is awaited. The answer goes to the same server wherever
+    /// it stands by then, and nowhere if it is gone.
+    std::int16_t QueryRow = 0;
+    /// A good answer opens the players dialog.
+    bool PlayersAfterReply = false;
+    /// Shows the players dialog and returns when it is closed.
+    std::function<void()> showPlayers;
+
+    FieldGroup totals{"totals"};
+    LabelField iptotservers{totals, {.name = "iptotservers", .caption = "Servers:"}, "0"};
+    LabelField iptotplayers{totals, {.name = "iptotplayers", .caption = "Players:"}, "0"};
+
+    /// Sends the query for `QueryRow`. Fails for an address that is too short to have a port.
+    void ping_Server();
+    /// Asks the selected rows one after the other, then adds up the totals.
+    void QuerySelectedServers();
+    /// Adds the servers of an exported list, one a line ("a|b|host|port|..."), and asks each. Fails if the file can't
+    /// be opened.
+    void ImportGameSpyList(const std::string& path);
+
+    /// Gives up what is under way.
+    void restoreDesign();
+
+private:
+    void q3winsock_DataArrival(int bytesTotal);
+    void q3winsock_Error(int number, const std::string& description);
+    void q3pingtimer_Timer();
+
+    bool send();
+    void takeReply(const std::string& reply);
+    void writeRow(const std::string& reply);
+    std::string gameText(const std::string& reply);
+    void badReply(const std::string& report, const std::string& reply);
+    void addTotals();
+    void stopTimer();
+    void enableCommands(bool enabled);
+    int askAndWait(std::int16_t row);
+    /// Where the server with that number stands now; 0 if it is gone.
+    int rowOf(std::uint32_t number) const;
+    void setPicture(int row, const char* key);
+
+    StatusQueryParts parts_;
+    std::unique_ptr<Timer> q3pingtimer_;
+    std::uint32_t QuerySentTick_ = 0;  ///< milliseconds
+    std::uint32_t lastNumber_ = 0;
+    std::uint32_t asked_ = 0;  ///< number of the server asked last
+    /// The running index of `QuerySelectedServers`. The reply handler keeps the game type in it and the error handler
+    /// the answer of its box, so that both move the loop: that is how the list has always been walked.
+    double sharedIndex_ = 0;
+};
+
+}  // namespace gatehouse

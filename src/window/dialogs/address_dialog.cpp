@@ -1,0 +1,70 @@
+#include "window/dialogs/address_dialog.h"
+
+#include "servers/address_form.h"
+#include "window/widgets/binders.h"
+#include "window/widgets/follow.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kGap = 12;
+constexpr int kLineLetters = 30;
+
+}  // namespace
+
+AddressDialog::AddressDialog(AddressForm& form, QWidget* parent)
+    : FormDialog("q3newip", form.q3newip, parent), form_(form) {
+    setWindowTitle(tr("  New IP Address"));
+
+    auto* fields = new QGridLayout;
+    fields->setHorizontalSpacing(kGap);
+    for (TextField* field : {&form.ip1, &form.port, &form.q3pwd}) {
+        auto* line = new QLineEdit(this);
+        bind(*line, *field);
+        line->setMinimumWidth(kLineLetters * line->fontMetrics().averageCharWidth());
+        auto* caption = new QLabel(this);
+        bindCaption(*caption, *line, *field);
+        const int row = fields->rowCount();
+        fields->addWidget(caption, row, 0);
+        fields->addWidget(line, row, 1);
+    }
+    listen(this, form.focusWanted, [this](const TextField& field) {
+        auto* line = findChild<QLineEdit*>(QString::fromStdString(field.name()));
+        line->setFocus();
+        line->selectAll();
+    });
+
+    auto* buttons = new QDialogButtonBox(this);
+    QPushButton* ok = buttons->addButton(QDialogButtonBox::Ok);
+    ok->setObjectName("newipOK");
+    ok->setDefault(true);
+    QPushButton* cancel = buttons->addButton(QDialogButtonBox::Cancel);
+    cancel->setObjectName("newipCancel");
+    connect(ok, &QPushButton::clicked, this, [this] { form_.newipOK_Click(); });
+    connect(cancel, &QPushButton::clicked, this, &AddressDialog::reject);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(kGap, kGap, kGap, kGap);
+    column->setSpacing(kGap);
+    column->addLayout(fields);
+    column->addWidget(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    followForm();
+}
+
+void AddressDialog::reject() { form_.newipCancel_Click(); }
+
+void AddressDialog::comeUp() {
+    auto* line = findChild<QLineEdit*>("ip1");
+    line->setFocus();
+    line->selectAll();
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,74 @@
+#include "window/dialogs/new_bot_dialog.h"
+
+#include "window/rules/bots_rules.h"
+#include "window/widgets/binders.h"
+#include "window/widgets/spin_text.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include <tuple>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kEdge = 16;
+constexpr int kCaptionGap = 12;
+constexpr int kEditorLetters = 24;
+
+}  // namespace
+
+NewBotDialog::NewBotDialog(BotsRules& rules, QWidget* parent)
+    : FormDialog("q3newbot", rules.q3newbot, parent), rules_(rules), name_(new QComboBox(this)) {
+    setWindowTitle(tr("Add Bot"));
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(kCaptionGap);
+    grid->setColumnStretch(1, 1);
+    bind(*name_, rules.newbotname);
+    addRow(*grid, rules.newbotname, name_);
+    auto* skill = new SpinText(this);
+    bind(*skill, rules.newbotskill);
+    addRow(*grid, rules.newbotskill, skill);
+    auto* team = new QComboBox(this);
+    bind(*team, rules.newbotteam);
+    addRow(*grid, rules.newbotteam, team);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    for (const auto& [buttonName, text, command] :
+         {std::tuple{"newbotOK", tr("OK"), &BotsRules::newbotOK_Click},
+          std::tuple{"newbotcancel", tr("Cancel"), &BotsRules::newbotcancel_Click}}) {
+        auto* button = new QPushButton(text, this);
+        button->setObjectName(buttonName);
+        connect(button, &QPushButton::clicked, this, [&rules, run = command] { (rules.*run)(); });
+        buttons->addWidget(button);
+    }
+    findChild<QPushButton*>("newbotOK")->setDefault(true);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(kEdge, kEdge, kEdge, kEdge);
+    column->setSpacing(kEdge);
+    column->addLayout(grid);
+    column->addLayout(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    followForm();
+}
+
+void NewBotDialog::addRow(QGridLayout& grid, Field& field, QWidget* editor) {
+    editor->setMinimumWidth(kEditorLetters * fontMetrics().averageCharWidth());
+    auto* caption = new QLabel(this);
+    bindCaption(*caption, *editor, field);
+    showHint(*caption, field);
+    const int line = grid.rowCount();
+    grid.addWidget(caption, line, 0);
+    grid.addWidget(editor, line, 1);
+}
+
+void NewBotDialog::reject() { rules_.newbotcancel_Click(); }
+
+void NewBotDialog::comeUp() { name_->setFocus(); }
+
+}  // namespace gatehouse

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "window/dialogs/form_dialog.h"
+
+class QComboBox;
+class QGridLayout;
+
+namespace gatehouse {
+
+class BotsRules;
+class Field;
+
+/// The dialog `q3newbot`: who is to join, how good and on which side. Escape is a cancel.
+class NewBotDialog : public FormDialog {
+    Q_OBJECT
+
+public:
+    /// The rules must outlive the dialog.
+    explicit NewBotDialog(BotsRules& rules, QWidget* parent = nullptr);
+
+    void reject() override;
+
+protected:
+    void comeUp() override;
+
+private:
+    void addRow(QGridLayout& grid, Field& field, QWidget* editor);
+
+    BotsRules& rules_;
+    QComboBox* name_;
+};
+
+}  // namespace gatehouse
