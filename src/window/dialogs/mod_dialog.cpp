@@ -27,6 +27,7 @@ namespace {
 
 constexpr int kEdge = 16;
 constexpr int kGap = 12;
+constexpr int kHeaderLine = 30;
 constexpr int kFrame = 48;  // what the window manager may draw around the dialog
 constexpr int kMostLabelLetters = 40;
 constexpr int kMostListLetters = 32;
@@ -51,7 +52,9 @@ QUrl mailAddress(const ModLink& link) {
     return url.path().isEmpty() ? QUrl() : url;
 }
 
-QString elementName(const char* control, const ModField& field) { return QString("%1(%2)").arg(control).arg(field.index); }
+QString elementName(const char* control, const ModField& field) {
+    return QString("%1(%2)").arg(control).arg(field.index);
+}
 
 QString title(const ModField& field) {
     const QString text = shown(field.caption).chopped(1).trimmed();
@@ -98,6 +101,7 @@ ModDialog::ModDialog(ModOptions& rules, QWidget* parent)
     modkeys_->setObjectName("modkeys");
     modkeys_->setTextFormat(Qt::PlainText);
     modkeys_->setAlignment(Qt::AlignCenter);
+    modkeys_->setMinimumHeight(kHeaderLine);
     options_->setFrameShape(QFrame::NoFrame);
     options_->setFocusPolicy(Qt::NoFocus);
     options_->setWidgetResizable(true);
@@ -109,7 +113,10 @@ ModDialog::ModDialog(ModOptions& rules, QWidget* parent)
     column->setContentsMargins(0, kEdge, 0, kEdge);
     column->setSpacing(0);
     column->addWidget(modname_);
-    for (QWidget* link : {modurl_, modemail_}) column->addWidget(link, 0, Qt::AlignHCenter);
+    for (QWidget* link : {modurl_, modemail_}) {
+        link->setMinimumHeight(kHeaderLine);
+        column->addWidget(link, 0, Qt::AlignHCenter);
+    }
     column->addWidget(modkeys_);
     column->addSpacing(kGap);
     column->addWidget(options_, 1);
@@ -123,12 +130,13 @@ ModDialog::ModDialog(ModOptions& rules, QWidget* parent)
 
 QPushButton* ModDialog::makeLink(const QString& name) {
     QPushButton* link = makeLinkButton(name, this);
-    connect(link, &QPushButton::clicked, link, [link] { QDesktopServices::openUrl(link->property("address").toUrl()); });
+    connect(link, &QPushButton::clicked, link,
+            [link] { QDesktopServices::openUrl(link->property("address").toUrl()); });
     return link;
 }
 
 void ModDialog::showLink(QPushButton& button, const ModLink& link, const QUrl& address) {
-    const int room = pixels(rules_.plan().width) - 2 * kEdge;
+    const int room = qMin(pixels(rules_.plan().width), mostSize().width()) - 2 * kEdge;
     const QString text = shown(link.caption);
     button.setText(button.fontMetrics().elidedText(text, Qt::ElideMiddle, room).replace('&', "&&"));
     button.setAccessibleName(text);
@@ -194,7 +202,7 @@ QWidget* ModDialog::makeEditor(const ModField& field) {
     if (field.editor != ModEditor::List) editor->setAccessibleName(title(field));  // a list has its label for that
     editor->setAccessibleDescription(shown(field.name));
     editor->setToolTip("<qt>" + shown(field.name).toHtmlEscaped() + "</qt>");
-    editor->setMinimumWidth(pixels(ModDialogPlan::kEditorWidth));
+    editor->setMinimumWidth(qMax(editor->minimumWidth(), pixels(ModDialogPlan::kEditorWidth)));
     return editor;
 }
 
@@ -211,9 +219,10 @@ QWidget* ModDialog::makeList(const ModField& field) {
     list->setObjectName(elementName("mlistbox", field));
     for (const std::string& item : field.listitems) list->addItem(shown(item));
     list->setCurrentIndex(field.listIndex);
-    list->setMaximumWidth(kMostListLetters * fontMetrics().averageCharWidth());
+    list->setMinimumWidth(qMin(list->sizeHint().width(), kMostListLetters * fontMetrics().averageCharWidth()));
     guardFromWheel(*list);
-    connect(list, &QComboBox::activated, this, [this, i = field.index](int chosen) { rules_.mlistbox_Click(i, chosen); });
+    connect(list, &QComboBox::activated, this,
+            [this, i = field.index](int chosen) { rules_.mlistbox_Click(i, chosen); });
     return list;
 }
 
@@ -242,9 +251,11 @@ void ModDialog::followLine(QLineEdit& line, QWidget& box, const ModField& field)
     });
 }
 
+QSize ModDialog::mostSize() const { return screen()->availableSize() - QSize(kFrame, kFrame); }
+
 void ModDialog::fitIntoScreen() {
     const ModDialogPlan& plan = rules_.plan();
-    const QSize most = screen()->availableSize() - QSize(kFrame, kFrame);
+    const QSize most = mostSize();
     QSize wanted = sizeHint();
     if (!plan.fields.empty()) {
         const QSize inside = options_->widget()->sizeHint();

@@ -35,8 +35,9 @@ private:
     QWidget* makeList(const ModField& field);
     QWidget* makeText(const ModField& field);
     QWidget* makeSpin(const ModField& field);
-    /// Fills a line, and from then on hands on what is typed into it. `box` is the line itself, or what it is a part of.
+    /// Fills a line, and from then on hands on what is typed into it. `box` is the line, or what it is a part of.
     void followLine(QLineEdit& line, QWidget& box, const ModField& field);
+    QSize mostSize() const;
     void fitIntoScreen();
 
     ModOptions& rules_;

@@ -158,8 +158,8 @@ void ModOptions::layOutHeader(const ModEntry& mod) {
     const bool mail = mod.email.size() > kMail.size() && mod.email.starts_with(kMail);
     plan_.modurl = makeLink(mod.url, web, kWeb);
     plan_.modemail = makeLink(mod.email, mail, kMail);
-    const int lines = (plan_.modurl.visible ? 1 : 0) + (plan_.modemail.visible ? 1 : 0) + (plan_.modkeys.empty() ? 0 : 1);
-    plan_.optionsTop = kHeaderTop + lines * kHeaderLine;
+    const int links = (plan_.modurl.visible ? 1 : 0) + (plan_.modemail.visible ? 1 : 0);
+    plan_.optionsTop = kHeaderTop + (links + 1) * kHeaderLine;
 }
 
 void ModOptions::addFields(const ModEntry& mod) {
@@ -191,7 +191,9 @@ ModOption& ModOptions::option(int index) {
 }
 
 void ModOptions::store(int index, std::string value) {
-    if (!modDialogBuilding_) option(index).value = std::move(value);
+    if (modDialogBuilding_) return;
+    option(index).value = std::move(value);
+    run_.ConfigChanged = true;  // what the document holds would be lost without a word
 }
 
 void ModOptions::mcheckbox_Click(int index, bool checked) { store(index, checked ? "true" : "false"); }

@@ -152,8 +152,7 @@ QWidget* makeMapsTab(SettingsDocument& doc, MapCatalog& maps, RotationRules& rul
     split->addWidget(makePane(QObject::tr("Maps"), catalogTools, tree));
     split->addWidget(makePane(QObject::tr("Rotation"), rotationTools, list));
     tree->setMinimumWidth(pixels(kLeastTree));
-    split->setStretchFactor(0, 2);
-    split->setStretchFactor(1, 3);
+    for (int pane : {0, 1}) split->setStretchFactor(pane, 1);
     return split;
 }
 

@@ -100,8 +100,10 @@ void bind(QCheckBox& box, CheckField& field) {
     bindCommon(box, field);
     box.setAccessibleName(shown(field.title()));
     followValue(box, field, [&box, &field] { box.setChecked(field.value() != 0); });
-    // Only a person's click is handed on: a document may tick a box with another number than 1, which stands.
-    QObject::connect(&box, &QCheckBox::clicked, &box, [&field](bool checked) {
+    // Not the click: a screen reader ticks a box without one.
+    QObject::connect(&box, &QCheckBox::toggled, &box, [&field](bool checked) {
+        // A document may tick a box with another number than 1, which stands.
+        if (checked == (field.value() != 0)) return;
         field.edit([&field, checked] { field.setValue(checked ? 1 : 0); });
     });
 }

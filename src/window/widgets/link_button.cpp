@@ -8,8 +8,9 @@ QPushButton* makeLinkButton(const QString& name, QWidget* parent) {
     link->setFlat(true);
     link->setAutoDefault(false);
     link->setCursor(Qt::PointingHandCursor);
-    link->setStyleSheet("QPushButton { border: none; padding: 2px 0; color: palette(link); text-decoration: underline; }"
-                        "QPushButton:disabled { color: palette(mid); text-decoration: none; }"
+    link->setStyleSheet("QPushButton { border: none; padding: 2px 0; }"
+                        "QPushButton:enabled { color: palette(link); text-decoration: underline; }"
+                        "QPushButton:disabled { color: palette(mid); }"
                         "QPushButton:focus { border-bottom: 2px solid palette(highlight); }");
     return link;
 }

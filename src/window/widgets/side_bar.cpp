@@ -153,9 +153,11 @@ void SideBar::addMode(std::int16_t mode) {
     header->setMinimumHeight(header->fontMetrics().height() + 14);
     header->setFocusPolicy(Qt::StrongFocus);
     header->setCheckable(true);
-    connect(header, &QToolButton::clicked, this, [this, mode] {
+    // Not the click: a screen reader turns the header over without one.
+    connect(header, &QToolButton::toggled, this, [this, mode](bool down) {
+        if (down == (run_.CurrentMode.get() == mode)) return;  // shown, not chosen
         rules_.sbar_GroupClick(mode);
-        showMode(run_.CurrentMode.get());  // the click itself has turned the header over
+        showMode(run_.CurrentMode.get());  // the header of the mode on show stays down
     });
     connect(new QShortcut(keys, this), &QShortcut::activated, header, &QToolButton::click);
     layout()->addWidget(header);

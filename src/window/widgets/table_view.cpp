@@ -27,6 +27,12 @@ TableView::TableView(TableModel* model, SelectionMode mode, QWidget* parent) : Q
     connect(model, &QAbstractItemModel::rowsInserted, this, &TableView::showCurrent);
     connect(model, &QAbstractItemModel::modelReset, this, &TableView::showCurrent);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &TableView::takeCurrent);
+    if (mode == SingleSelection) {
+        // A screen reader selects a row without making it the current one.
+        connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& selected) {
+            if (!selected.isEmpty()) takeCurrent(selected.indexes().front());
+        });
+    }
     if (mode == ExtendedSelection) {
         connect(model, &TableModel::selectionMoved, this, &TableView::showSelection);
         connect(model, &QAbstractItemModel::modelReset, this, &TableView::showSelection);
