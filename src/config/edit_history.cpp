@@ -138,6 +138,7 @@ void EditHistory::addField(Field& field) {
 }
 
 void EditHistory::addOutside(OutsideValue value) {
+    if (value.edits) followEdits(*value.edits);
     slots_.push_back(std::make_unique<RowsSlot<std::string>>(
         std::move(value.get),
         [set = std::move(value.set)](const std::vector<std::string>& texts, std::size_t) { set(texts); }));

@@ -19,6 +19,8 @@ namespace gatehouse {
 struct OutsideValue {
     std::function<std::vector<std::string>()> get;
     std::function<void(const std::vector<std::string>&)> set;
+    /// The brackets around its changes, if it has its own.
+    Edits* edits = nullptr;
 };
 
 /// Undo and redo over what a person changes in the document. A step is one edit with everything that rules changed in

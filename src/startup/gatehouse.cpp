@@ -41,11 +41,11 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
       rotationRules(doc.maplist, maps.maptree, flags, run, log),
       tabReset({services.dialogs, log, run, flags, doc, iplist, models, keyRules, modes.TabKey,
                 [this](const std::string& path) { selectModel(path); }}),
-      documents({services.files, services.dialogs, log, store, run, doc, flags, *this, options.ghcdir,
-                 options.q3overwrite}),
+      documents(
+          {services.files, services.dialogs, log, store, run, doc, flags, *this, options.ghcdir, options.q3overwrite}),
       gameConfig({doc, mods, *this, aliases, services.random, log}),
-      launcher({services.files, services.processes, services.dialogs, log, run, doc, mods, iplist,
-                options.q3runoptions, options.extracmdline, gameConfig, [this] { benchmark(); }}),
+      launcher({services.files, services.processes, services.dialogs, log, run, doc, mods, iplist, options.q3runoptions,
+                options.extracmdline, gameConfig, [this] { benchmark(); }}),
       optionsRules({services.files, finder, services.dialogs, services.viewers, log, store, run, options, documents,
                     [this] { return log.LogPath(); }, [this] { closeAllWindows(); }}),
       history(doc, run, log, outsideValues(), [this] { rotationRestored(); }) {
@@ -62,7 +62,8 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
 std::vector<OutsideValue> Gatehouse::outsideValues() {
     using Texts = std::vector<std::string>;
     return {{.get = [this] { return Texts{models.mdltree.current() == 0 ? std::string() : models.selectedModel()}; },
-             .set = [this](const Texts& path) { selectModel(path.front()); }},
+             .set = [this](const Texts& path) { selectModel(path.front()); },
+             .edits = &models.mdltree.edits},
             {.get = [this] { return mods.values(); }, .set = [this](const Texts& values) { mods.setValues(values); }}};
 }
 
@@ -73,8 +74,8 @@ void Gatehouse::rotationRestored() {
 }
 
 std::vector<Observable<bool>*> Gatehouse::forms() {
-    return {&botsRules.q3newbot,      &addressForm.q3newip,    &keyRules.q3keyboard, &tabReset.q3resetprompt,
-            &optionsRules.q3options, &playersForm.q3players, &modOptions.q3mod, &q3about};
+    return {&botsRules.q3newbot,     &addressForm.q3newip,   &keyRules.q3keyboard, &tabReset.q3resetprompt,
+            &optionsRules.q3options, &playersForm.q3players, &modOptions.q3mod,    &q3about};
 }
 
 void Gatehouse::selectModel(const std::string& path) {
@@ -105,9 +106,7 @@ void Gatehouse::q3_Activate() {
     if (!doc.maplist.empty()) doc.maplist.setCurrent(1);
 }
 
-void Gatehouse::benchmark() {
-    throw RuntimeFailure("Benchmarks can't be run by this version");
-}
+void Gatehouse::benchmark() { throw RuntimeFailure("Benchmarks can't be run by this version"); }
 
 void Gatehouse::closeAllWindows() {
     if (closing_) return;

@@ -59,7 +59,7 @@ QWidget* makeTabContent(Frame frame, Gatehouse& program) {
         case kServerFrame: return makeServerTab(doc, program.modOptions);
         case kServersFrame: return makeServersTab(program.iplist, program.serverCommands, program.statusQuery, program.flags);
         case kMapsFrame: return makeMapsTab(doc, program.maps, program.rotationRules, program.flags);
-        case kPlayerFrame: return makePlayerTab(doc, program.models, program.run);
+        case kPlayerFrame: return makePlayerTab(doc, program.playerRules, program.models, program.run);
         case kKeysFrame: return makeKeysTab(doc, program.keyRules);
         case kBotsFrame: return makeBotsTab(doc, program.botsRules, program.flags);
         case kVideoFrame: return makeVideoTab(doc);

@@ -1,5 +1,4 @@
-#include "startup/gatehouse.h"
-#include "support/core/fakes.h"
+#include "support/core/started_program.h"
 
 #include <gtest/gtest.h>
 
@@ -8,24 +7,9 @@
 namespace gatehouse {
 namespace {
 
-/// A started program with two mods, both with game types, options and keys.
 class EditHistoryTest : public testing::Test {
 protected:
-    EditHistoryTest() {
-        for (const char* file : {"aliases.txt", "default.ghs", "usermaps.txt", "usermdls.txt"})
-            world.files.put(std::string("C:\\gh\\") + file, "");
-        world.files.put("C:\\gh\\mods\\00-baseq3.ghm",
-                        "name Quake 3: Arena\r\ndir baseq3\r\ngtype 0 Free For All\r\ngtype 1 Tournament\r\n"
-                        "gtype 3 Teamplay\r\ngtype 4 CTF!\r\n");
-        world.files.put("C:\\gh\\mods\\01-other.ghm",
-                        "name Other\r\ndir other\r\ngtype 0 Melee\r\ngtype 3 Teams\r\nkeys 1\r\nkey Jump\r\ncmd +jump\r\n");
-        world.files.put("C:\\Q3\\quake3.exe", "");
-        world.files.put("C:\\Q3\\baseq3\\q3config.cfg", "");
-        world.files.addFolder("C:\\Q3\\other");
-        world.settings.values = {{"exepath", "C:\\Q3\\quake3.exe"}, {"basedir", "C:\\Q3\\"}, {"ghcdir", "C:\\gh\\"},
-                                 {"ghversion", "00.03.03"}};
-        program.StartupDriver();
-    }
+    EditHistoryTest() { program.StartupDriver(); }
 
     std::string document() {
         program.documents.writeRescue("C:\\gh\\now.txt");
@@ -75,7 +59,7 @@ protected:
         if (below(4) == 0) field.left.emit();
     }
 
-    fake::World world;
+    fake::UsedWorld world;
     Gatehouse program{world.services, "C:\\gh"};
     std::mt19937 random{20011203};
 };

@@ -1,7 +1,6 @@
 #include "window/main_window.h"
 
-#include "startup/gatehouse.h"
-#include "support/core/fakes.h"
+#include "support/core/started_program.h"
 #include "window/widgets/side_bar.h"
 #include "window/widgets/twips.h"
 
@@ -24,14 +23,6 @@ namespace {
 class MainWindowTest : public testing::Test {
 protected:
     MainWindowTest() {
-        world.files.put("C:\\gh\\aliases.txt", "");
-        world.files.put("C:\\gh\\default.ghs", "");
-        world.files.put("C:\\gh\\mods\\00-baseq3.ghm", "name Quake 3: Arena\r\ndir baseq3\r\ngtype 0 Free For All\r\n");
-        for (const char* list : {"usermaps.txt", "usermdls.txt"}) world.files.put(std::string("C:\\gh\\") + list, "");
-        world.files.put("C:\\Q3\\quake3.exe", "");
-        world.files.put("C:\\Q3\\baseq3\\q3config.cfg", "");
-        world.settings.values = {{"exepath", "C:\\Q3\\quake3.exe"}, {"basedir", "C:\\Q3\\"}, {"ghcdir", "C:\\gh\\"},
-                                 {"ghversion", "00.03.03"}};
         program.StartupDriver();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
@@ -50,7 +41,7 @@ protected:
 
     QString frameOnShow() { return find<QStackedWidget>("q3tabframes").currentWidget()->objectName(); }
 
-    fake::World world;
+    fake::UsedWorld world;
     Gatehouse program{world.services, "C:\\gh"};
     MainWindow window{program};
 };

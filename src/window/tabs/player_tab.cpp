@@ -1,11 +1,15 @@
 #include "base/run_state.h"
 #include "config/settings_document.h"
 #include "content/model_catalog.h"
+#include "window/rules/player_rules.h"
 #include "window/tabs/settings_form.h"
 #include "window/tabs/table_tabs.h"
+#include "window/widgets/previews.h"
+#include "window/widgets/spin_text.h"
 #include "window/widgets/table_view.h"
 
 #include <QHBoxLayout>
+#include <QLineEdit>
 
 #include <algorithm>
 
@@ -17,7 +21,8 @@ TableView* makeModelTree(ModelCatalog& models, SettingsDocument& doc, RunState& 
     auto* tree = new TableView(new TableModel(
         models.mdltree,
         TableLook<ModelEntry>{.columns = {{"Model", &ModelEntry::text}},
-                              .parent = [](const ModelTree& mdltree, int node) { return mdltree.at(node).parent; }}));
+                              .parent = [](const ModelTree& mdltree, int node) { return mdltree.at(node).parent; },
+                              .choice = doc.currmodel.title()}));
     tree->setObjectName("mdltree");
     tree->setAccessibleName(QObject::tr("Models and Skins"));
     tree->setHeaderHidden(true);
@@ -30,13 +35,34 @@ TableView* makeModelTree(ModelCatalog& models, SettingsDocument& doc, RunState& 
     return tree;
 }
 
+/// The buttons count; nothing is typed.
+void setStep(const QWidget& form, LabelField& field, std::function<void(int)> step) {
+    auto* spin = form.findChild<SpinText*>(QString::fromStdString(field.name()));
+    spin->line().setReadOnly(true);
+    spin->setStep([&field, step = std::move(step)](int direction) { field.edit([&] { step(direction); }); });
+}
+
 }  // namespace
 
-QWidget* makePlayerTab(SettingsDocument& doc, ModelCatalog& models, RunState& run) {
-    auto* form = new SettingsForm(FormPlan{
-        .left = {{"Player", {{doc.q3playername}, {doc.q3sexmale}, {doc.q3sexfemale}, {doc.q3handicap}, {doc.cg_autoswitch}}},
-                 {"Looks", {{doc.currmodel}, {doc.q3fxcolor}, {doc.chindex}}}},
-        .right = {}});
+QWidget* makePlayerTab(SettingsDocument& doc, PlayerRules& rules, ModelCatalog& models, RunState& run) {
+    auto* form =
+        new SettingsForm(FormPlan{.left = {{"Player",
+                                            {{.field = doc.q3playername, .below = new NamePreview(rules.nc)},
+                                             {doc.q3sexmale},
+                                             {doc.q3sexfemale},
+                                             {doc.q3handicap},
+                                             {doc.cg_autoswitch}}},
+                                           {"Looks",
+                                            {{doc.currmodel},
+                                             {.field = doc.q3fxcolor, .behind = new ColourPreview(rules.fxpreview)},
+                                             {.field = doc.chindex, .behind = new CrosshairPreview(rules.chpic)}}}},
+                                  .right = {}});
+    setStep(*form, doc.chindex, [&rules](int direction) {
+        direction < 0 ? rules.crosshairupdown_DownClick() : rules.crosshairupdown_UpClick();
+    });
+    setStep(*form, doc.q3fxcolor, [&rules](int direction) {
+        direction < 0 ? rules.q3fxcolorupdown_DownClick() : rules.q3fxcolorupdown_UpClick();
+    });
     auto* tab = new QWidget;
     auto* row = new QHBoxLayout(tab);
     row->setContentsMargins({});

@@ -105,6 +105,7 @@ void SettingsForm::addRow(QGridLayout& grid, const FormRow& row) {
     const int line = grid.rowCount();
     grid.addWidget(caption, line, 0);
     grid.addWidget(row.behind ? sideBySide(cell, row.behind, cell) : cell, line, 1);
+    if (row.below) grid.addWidget(row.below, line + 1, 1);
 }
 
 QWidget* SettingsForm::makeEditor(const FormRow& row) {
@@ -116,6 +117,8 @@ QWidget* SettingsForm::makeEditor(const FormRow& row) {
         case Field::Kind::List: return makeList(static_cast<ListField&>(row.field));
         case Field::Kind::Slider: return makeSlider(static_cast<SliderField&>(row.field));
         case Field::Kind::Label: {
+            // A label with a range is counted up and down, and never typed.
+            if (row.field.range()) return makeText(static_cast<TextField&>(row.field), row.typed);
             auto* label = new QLabel;
             bind(*label, static_cast<LabelField&>(row.field));
             return label;

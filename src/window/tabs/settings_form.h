@@ -24,6 +24,8 @@ struct FormRow {
     CheckField* lock = nullptr;
     /// Stands behind the field's widget.
     QWidget* behind = nullptr;
+    /// Stands below the field's widget.
+    QWidget* below = nullptr;
 };
 
 /// Rows under a heading.

@@ -10,6 +10,7 @@ namespace gatehouse {
 class BotsRules;
 class MapCatalog;
 class ModelCatalog;
+class PlayerRules;
 class RotationRules;
 class KeyRules;
 class ServerCommands;
@@ -28,6 +29,6 @@ QWidget* makeServersTab(ServerTable& iplist, ServerCommands& commands, StatusQue
 /// The bots that join, named or random, and how they behave.
 QWidget* makeBotsTab(SettingsDocument& doc, BotsRules& rules, CommandFlags& flags);
 /// The player's name and looks beside the tree of models.
-QWidget* makePlayerTab(SettingsDocument& doc, ModelCatalog& models, RunState& run);
+QWidget* makePlayerTab(SettingsDocument& doc, PlayerRules& rules, ModelCatalog& models, RunState& run);
 
 }  // namespace gatehouse

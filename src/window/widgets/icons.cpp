@@ -58,6 +58,11 @@ private:
 
 QIcon icon(const QString& name) { return QIcon(new PaletteIconEngine(name)); }
 
+bool hasPicture(const QString& name) {
+    registerIcons();
+    return QFile::exists(":/icons/" + name + ".svg");
+}
+
 void loadPicture(QSvgRenderer& renderer, const QString& name, const QString& ink) {
     registerIcons();
     QFile file(":/icons/" + name + ".svg");

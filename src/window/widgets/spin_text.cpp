@@ -6,6 +6,7 @@
 #include <QLineEdit>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace gatehouse {
 
@@ -17,6 +18,10 @@ SpinText::SpinText(QWidget* parent) : QAbstractSpinBox(parent) {
 double SpinText::number() const { return val(lineEdit()->text().toStdString()); }
 
 void SpinText::stepBy(int steps) {
+    if (step_) {
+        for (int i = 0; i < std::abs(steps); ++i) step_(steps < 0 ? -1 : 1);
+        return;
+    }
     const double wanted = number() + static_cast<double>(steps) * range_.step;
     const double bounded = std::clamp(wanted, static_cast<double>(range_.min), static_cast<double>(range_.max));
     lineEdit()->setText(QString::number(static_cast<int>(bounded)));

@@ -4,6 +4,9 @@
 
 #include <QAbstractSpinBox>
 
+#include <functional>
+#include <utility>
+
 namespace gatehouse {
 
 /// A line of text with spin buttons. The buttons count within a range; what is typed may be any text.
@@ -15,6 +18,8 @@ public:
 
     /// Sets the bounds and the step of the buttons.
     void setRange(const Range& range) { range_ = range; }
+    /// Lets the buttons do something else than count: `step` gets 1 or -1, for each step.
+    void setStep(std::function<void(int direction)> step) { step_ = std::move(step); }
     /// The line in which the text is typed.
     QLineEdit& line() const { return *lineEdit(); }
 
@@ -27,6 +32,7 @@ private:
     double number() const;
 
     Range range_;
+    std::function<void(int)> step_;
 };
 
 }  // namespace gatehouse

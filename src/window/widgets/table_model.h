@@ -39,7 +39,8 @@ public:
     virtual RowPicture picture(int position) const = 0;
 
     virtual int current() const = 0;
-    virtual void setCurrent(int position) = 0;
+    /// Makes a row the current one as a person does, and runs what follows from that.
+    virtual void choose(int position, const std::function<void()>& then) = 0;
     virtual bool selected(int position) const = 0;
     /// Selects the rows for which `wanted` holds, and no others.
     virtual void selectWhere(const std::function<bool(int)>& wanted) = 0;
@@ -57,6 +58,8 @@ struct TableLook {
     std::function<RowPicture(const Row&)> picture = {};
     /// The position of the row above one in a tree; a row stands behind the one above it.
     std::function<int(const Table<Row>&, int)> parent = {};
+    /// What a person changes by choosing a row, if that is a setting.
+    std::string choice = {};
 };
 
 /// A table of the core as an item model, flat or a tree. It shows the rows as they stand and keeps none of them; all
@@ -124,7 +127,12 @@ public:
         return look_.picture ? look_.picture(table_.at(position)) : RowPicture{};
     }
     int current() const override { return table_.current(); }
-    void setCurrent(int position) override { table_.setCurrent(position); }
+    void choose(int position, const std::function<void()>& then) override {
+        table_.edits.make(look_.choice, [&] {
+            table_.setCurrent(position);
+            then();
+        });
+    }
     bool selected(int position) const override { return table_.selected(position); }
     void selectWhere(const std::function<bool(int)>& wanted) override { table_.selectWhere(wanted); }
 

@@ -60,8 +60,7 @@ void TableView::showCurrent() {
 void TableView::takeCurrent(const QModelIndex& index) {
     const int position = rows_.position(index);
     if (position == 0 || position == rows_.source().current()) return;
-    rows_.source().setCurrent(position);
-    Q_EMIT rowChosen(position);
+    rows_.source().choose(position, [this, position] { Q_EMIT rowChosen(position); });
 }
 
 std::vector<bool> TableView::selectedRows() const {

@@ -1,0 +1,86 @@
+#include "support/core/started_program.h"
+#include "window/tabs/table_tabs.h"
+#include "window/widgets/icons.h"
+#include "window/widgets/table_view.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace gatehouse {
+namespace {
+
+class PlayerTabTest : public testing::Test {
+protected:
+    PlayerTabTest() {
+        program.StartupDriver();
+        tab.reset(makePlayerTab(program.doc, program.playerRules, program.models, program.run));
+        tab->resize(900, 600);
+        tab->show();
+    }
+    template <class T = QWidget>
+    T& find(const char* name) {
+        auto* found = tab->findChild<T*>(name);
+        if (!found) throw std::runtime_error(std::string("no ") + name);
+        return *found;
+    }
+
+    fake::UsedWorld world;
+    Gatehouse program{world.services, "C:\\gh"};
+    std::unique_ptr<QWidget> tab;
+};
+
+TEST_F(PlayerTabTest, ButtonsCountWithinTheirBoundsAndNothingIsTyped) {
+    struct {
+        const char* name;
+        LabelField& field;
+    } cases[] = {{"chindex", program.doc.chindex}, {"q3fxcolor", program.doc.q3fxcolor}};
+    for (const auto& c : cases) {
+        QWidget& spin = find(c.name);
+        const Range& range = *c.field.range();
+        for (int i = 0; i < 30; ++i) QTest::keyClick(&spin, Qt::Key_Up);
+        EXPECT_EQ(c.field.text(), std::to_string(range.max));
+        QTest::keyClicks(&spin, "5");
+        for (int i = 0; i < 30; ++i) QTest::keyClick(&spin, Qt::Key_Down);
+        EXPECT_EQ(c.field.text(), std::to_string(range.min));
+    }
+    EXPECT_EQ(program.history.undoName.get(), "FX Colour");
+}
+
+TEST_F(PlayerTabTest, EveryCrosshairHasItsPictureAndPreviewsShowWhatTheFieldsSay) {
+    QImage earlier;
+    for (int crosshair = 0; crosshair <= program.doc.chindex.range()->max + 3; ++crosshair) {
+        program.doc.chindex.setText(std::to_string(crosshair));
+        EXPECT_EQ(hasPicture("crosshair-" + QString::number(crosshair + 1)), crosshair < 12) << crosshair;
+        const QImage now = find("chpic").grab().toImage();
+        if (crosshair <= 12) {
+            EXPECT_NE(now, earlier) << crosshair;
+        }
+        earlier = now;
+    }
+    program.doc.q3playername.setText("^1Red ^4Blue");
+    EXPECT_EQ(find("nc").accessibleDescription(), "Red Blue");
+    program.doc.q3fxcolor.setText("4");
+    EXPECT_EQ(find("fxpreview").grab().toImage().pixelColor(20, 20), QColor(Qt::red));
+}
+
+TEST_F(PlayerTabTest, AChosenModelIsOneStepThatCanBeUndone) {
+    auto& tree = find<TableView>("mdltree");
+    const std::string before = program.models.selectedModel();
+    tree.expandAll();
+    tree.setFocus();
+    QTest::keyClick(&tree, Qt::Key_Down);
+    const std::string chosen = program.models.selectedModel();
+    EXPECT_NE(chosen, before);
+    EXPECT_EQ(program.history.undoName.get(), "Model/Skin");
+    program.meditundo_Click();
+    EXPECT_EQ(program.models.selectedModel(), before);
+    EXPECT_FALSE(program.history.canUndo.get());
+    program.meditredo_Click();
+    EXPECT_EQ(program.models.selectedModel(), chosen);
+}
+
+}  // namespace
+}  // namespace gatehouse
