@@ -25,14 +25,14 @@ struct Column {
 };
 
 /// In the order of `serverColumn`.
-constexpr std::array<Column, 8> kColumns = {{{"Name", 30},
-                                             {"Ping", 8},
-                                             {"Players", 10},
-                                             {"Game", 16},
-                                             {"Mod", 14},
-                                             {"Map", 14},
-                                             {"Address", 24},
-                                             {"Password", 12}}};
+constexpr std::array<Column, 8> kColumns = {{{"Name", 24},
+                                             {"Ping", 7},
+                                             {"Players", 9},
+                                             {"Game", 13},
+                                             {"Mod", 10},
+                                             {"Map", 11},
+                                             {"Address", 22},
+                                             {"Password", 10}}};
 
 struct State {
     std::string_view key;
@@ -107,6 +107,7 @@ TableView* makeServerList(ServerTable& iplist, ServerCommands& commands) {
 
 QToolBar* makeTools(TableView& view, ServerCommands& commands, CommandFlags& flags) {
     QToolBar* bar = makeTableTools("tbservers", QObject::tr("Server List"));
+    bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);  // there are many
     const auto run = [&commands](const char* tag) { return [&commands, tag] { commands.tbservers_ButtonClick(tag); }; };
     for (const ServerTool& tool : serverTools())
         addTableTool(

@@ -53,7 +53,7 @@ SettingsForm::SettingsForm(const FormPlan& plan, QWidget* parent) : QScrollArea(
     columns_ = new QBoxLayout(QBoxLayout::LeftToRight, body);
     columns_->setContentsMargins(0, kRowGap, kRowGap, kRowGap);
     columns_->addWidget(makeColumn(plan.left), 1);
-    columns_->addWidget(makeColumn(plan.right), 1);
+    if (!plan.right.empty()) columns_->addWidget(makeColumn(plan.right), 1);
     body->setMaximumWidth(kWidestForm * fontMetrics().averageCharWidth());
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::NoFocus);

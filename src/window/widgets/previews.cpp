@@ -6,14 +6,14 @@
 
 #include <QFontDatabase>
 #include <QPainter>
-#include <QPainterPath>
 
 namespace gatehouse {
 
 namespace {
 
-constexpr QColor kGround(38, 42, 50);
-constexpr QColor kOutline(126, 134, 148);
+/// Neither black nor white nor blue may drown in it.
+constexpr QColor kGround(104, 110, 122);
+constexpr QColor kFrame(70, 76, 88);
 constexpr int kMargin = 4;
 constexpr int kCorner = 4;
 /// Sides of the patches, in lines of text.
@@ -23,7 +23,7 @@ QColor paint(const Colour& colour) { return {colour.red, colour.green, colour.bl
 
 void paintGround(QPainter& painter, const QRect& area, const QColor& ground) {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(kOutline);
+    painter.setPen(kFrame);
     painter.setBrush(ground);
     painter.drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
 }
@@ -68,12 +68,10 @@ void NamePreview::paintEvent(QPaintEvent*) {
     const int width = metrics.horizontalAdvance('W');
     const int baseline = (height() + metrics.ascent() - metrics.descent()) / 2;
     int left = kMargin;
+    painter.setFont(font);
     for (const NameCell& cell : nc_.get()) {
-        QPainterPath letter;
-        letter.addText(left, baseline, font, shown(std::string(1, cell.character)));
-        // Black could not be told from the ground.
-        if (cell.colour == kBlack) painter.strokePath(letter, QPen(kOutline, 1.6));
-        painter.fillPath(letter, paint(cell.colour));
+        painter.setPen(paint(cell.colour));
+        painter.drawText(left, baseline, shown(std::string(1, cell.character)));
         left += width;
     }
 }
