@@ -210,18 +210,23 @@ QStackedWidget* MainWindow::makeFrames() {
         auto* frame = new QFrame(frames);
         frame->setObjectName(shown(tab.key));
         frame->setAccessibleName(shown(tab.caption));
-        if (QWidget* content = makeTabContent(static_cast<Frame>(i), program_)) {
-            auto* inside = new QVBoxLayout(frame);
-            inside->setContentsMargins({});
-            inside->addWidget(content);
-        }
         frames->addWidget(frame);
     }
-    follow(frames, program_.modes.FrameShown, [frames](std::int16_t frame) { frames->setCurrentIndex(frame); });
+    follow(frames, program_.modes.FrameShown, [this, frames](std::int16_t frame) {
+        if (frame >= 0) fillFrame(*frames->widget(frame), static_cast<Frame>(frame));
+        frames->setCurrentIndex(frame);
+    });
     listen(frames, program_.modes.focusWanted, [frames](Frame frame) {
         if (auto* table = frames->widget(frame)->findChild<TableView*>()) table->setFocus(Qt::OtherFocusReason);
     });
     return frames;
+}
+
+void MainWindow::fillFrame(QWidget& frame, Frame which) {
+    if (frame.layout()) return;
+    auto* inside = new QVBoxLayout(&frame);
+    inside->setContentsMargins({});
+    if (QWidget* content = makeTabContent(which, program_)) inside->addWidget(content);
 }
 
 void MainWindow::makeStatusBar() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/observable.h"
+#include "window/rules/modes.h"
 
 #include <QMainWindow>
 
@@ -34,6 +35,8 @@ private:
     void makeToolBar();
     void makeCentre();
     QStackedWidget* makeFrames();
+    /// Makes what a tab holds when it is first shown: the window is there sooner.
+    void fillFrame(QWidget& frame, Frame which);
     void makeStatusBar();
     void followProgram();
     void resizeTo(int widthTwips, int heightTwips);

@@ -29,15 +29,27 @@ public:
     SplashPicture(const RunState& run, QWidget* parent) : QWidget(parent), run_(run) {
         setObjectName("Image1");
         setAccessibleName("Gatehouse");
-        loadPicture(drawing_, "splash");
+        QSvgRenderer drawing;
+        loadPicture(drawing, "splash");
         const int width = pixels(kSplashExtent) + 2 * kMargin;
-        setFixedSize(drawing_.defaultSize().scaled(width, width, Qt::KeepAspectRatio));
+        setFixedSize(drawing.defaultSize().scaled(width, width, Qt::KeepAspectRatio));
+        // Drawn once: each line of the log repaints the splash.
+        picture_ = QPixmap(size() * devicePixelRatioF());
+        picture_.setDevicePixelRatio(devicePixelRatioF());
+        QPainter painter(&picture_);
+        drawing.render(&painter, QRectF(rect()));
+    }
+
+    /// Paints anew once the version is known.
+    void showVersion() {
+        if (run_.VersionString != version_) update();
+        version_ = run_.VersionString;
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        drawing_.render(&painter, rect());
+        painter.drawPixmap(0, 0, picture_);
         QFont title = font();
         title.setPixelSize(52);
         title.setBold(true);
@@ -59,7 +71,8 @@ private:
     }
 
     const RunState& run_;
-    QSvgRenderer drawing_;
+    std::string version_;
+    QPixmap picture_;
 };
 
 }  // namespace
@@ -72,7 +85,9 @@ SplashWindow::SplashWindow(SplashView& view, const RunState& run)
     column->setContentsMargins(0, 0, 0, kMargin);
     column->setSpacing(kMargin / 2);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    column->addWidget(new SplashPicture(run, this));
+    auto* picture = new SplashPicture(run, this);
+    column->addWidget(picture);
+    listen(picture, view.splashmsg.changed, [picture] { picture->showVersion(); });
     auto* lower = new QVBoxLayout;
     lower->setContentsMargins(kMargin, kMargin / 2, kMargin, 0);
     column->addLayout(lower);
@@ -104,10 +119,7 @@ void SplashWindow::addTexts(QBoxLayout& column, SplashView& view) {
     row->addWidget(splashmsg, 1);
     row->addWidget(files);
     column.addLayout(row);
-    follow(splashmsg, view.splashmsg, [this, splashmsg](const std::string& text) {
-        splashmsg->setText(shown(text));
-        update();
-    });
+    follow(splashmsg, view.splashmsg, [splashmsg](const std::string& text) { splashmsg->setText(shown(text)); });
     follow(splashmsg, view.splashmsgCentred, [splashmsg](bool centred) {
         splashmsg->setAlignment((centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter);
     });
