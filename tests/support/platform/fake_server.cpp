@@ -12,7 +12,8 @@ constexpr std::size_t kLongestDatagram = 65'507;
 
 FakeServer::FakeServer() {
     // An address has a port of five digits.
-    for (quint16 port = 20'000; !socket_.bind(QHostAddress::LocalHost, port); ++port) {}
+    for (quint16 port = 20'000; !socket_.bind(QHostAddress::LocalHost, port); ++port) {
+    }
     other_.bind(QHostAddress::LocalHost);
     connect(&socket_, &QUdpSocket::readyRead, this, &FakeServer::read);
 }
@@ -33,7 +34,9 @@ void FakeServer::answerFrom(QUdpSocket& socket, const std::string& bytes) {
 }
 
 void FakeServer::answerLater(const std::string& bytes, int milliseconds) {
-    QTimer::singleShot(milliseconds, this, [this, bytes] { answer(bytes); });
+    QTimer::singleShot(milliseconds, this, [this, bytes, host = clientHost_, port = clientPort_] {
+        socket_.writeDatagram(bytes.data(), static_cast<qint64>(bytes.size()), host, port);
+    });
 }
 
 void FakeServer::answerFromAnotherPort(const std::string& bytes) { answerFrom(other_, bytes); }
@@ -52,9 +55,15 @@ std::string garbage(std::mt19937& random) {
         const std::size_t at = below(bytes.size() + 1);
         const std::size_t length = below(40);
         switch (below(4)) {
-            case 0: bytes.erase(at, length); break;
-            case 1: bytes.insert(at, bytes.substr(at, length)); break;
-            case 2: bytes.insert(at, length, static_cast<char>(random())); break;
+            case 0:
+                bytes.erase(at, length);
+                break;
+            case 1:
+                bytes.insert(at, bytes.substr(at, length));
+                break;
+            case 2:
+                bytes.insert(at, length, static_cast<char>(random()));
+                break;
             default:
                 if (at < bytes.size()) bytes[at] = static_cast<char>(random());
         }

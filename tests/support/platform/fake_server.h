@@ -10,7 +10,8 @@
 
 namespace gatehouse::fake {
 
-/// A game server on the loopback that answers a status request as it is told to: well, badly, late, twice or not at all.
+/// A game server on the loopback that answers a status request as it is told to: well, badly, late, twice or not at
+/// all.
 class FakeServer : public QObject {
     Q_OBJECT
 
@@ -26,6 +27,7 @@ public:
 
     /// Sends a datagram to whoever asked last.
     void answer(const std::string& bytes) { answerFrom(socket_, bytes); }
+    /// The same, to who has asked last by now, when some time has passed.
     void answerLater(const std::string& bytes, int milliseconds);
     /// Answers from a port that nobody asked.
     void answerFromAnotherPort(const std::string& bytes);
