@@ -1,6 +1,7 @@
 #!/bin/bash
 # The road to a real engine: a dedicated server's document, run and left, becomes a server of OpenArena's on loopback
-# that answers with the document's host name, game type, first map and bots. Needs openarena-server and qstat.
+# that answers with the document's host name, game type, first map and bots, to the server browser as well. Needs
+# openarena-server and qstat.
 # shellcheck disable=SC1003
 # shellcheck source-path=SCRIPTDIR
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
@@ -82,6 +83,9 @@ printf '%s\n' "$seen"
 for wanted in "|$host|" '|oa_dm1|' 'g_gametype=3' Angelyss Dark; do
     grep -qiF -- "$wanted" <<<"$seen" || fail "not seen by quakestat: $wanted"
 done
+
+begin 'the server browser sees it, and connects a game to it'
+"$e2e_dir/browser.sh" "127.0.0.1:$port" || fail 'the road of the server browser'
 
 begin 'it listens on loopback alone, and ends by its process id'
 pid=$(cat "$pid_file")

@@ -7,18 +7,12 @@
 # shellcheck source=tests/e2e/display.sh
 . "$(dirname "${BASH_SOURCE[0]}")/display.sh"
 
-python=/usr/bin/python3 # the one that the system's packages are for
+# shellcheck source=tests/e2e/accessible.sh
+. "$(dirname "${BASH_SOURCE[0]}")/accessible.sh"
 
-# A message bus of its own carries the accessibility bus; programs ask there whether anybody listens.
-if [[ -z ${GATEHOUSE_OWN_BUS:-} ]]; then
-    need_programs dbus-run-session dbus-send
-    "$python" -c 'import pyatspi' 2>/dev/null || need_programs python3-pyatspi
-    GATEHOUSE_OWN_BUS=yes exec dbus-run-session -- "${BASH_SOURCE[0]}" "$@"
-fi
-
+on_own_bus "$@"
 start_display
-dbus-send --session --print-reply --dest=org.a11y.Bus /org/a11y/bus org.freedesktop.DBus.Properties.Set \
-    string:org.a11y.Status string:IsEnabled variant:boolean:true >/dev/null || fail 'no accessibility bus'
+offer_accessibility
 
 begin 'host a game by names alone'
 new_world

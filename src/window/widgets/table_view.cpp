@@ -97,7 +97,17 @@ void TableView::showSelection() {
 
 void TableView::takeSelection() {
     const std::vector<bool> selected = selectedRows();
+    const int added = addedRow(selected);
     rows_.source().selectWhere([&selected](int position) { return selected[static_cast<std::size_t>(position)]; });
+    if (added != 0) takeCurrent(rows_.indexOf(added));
+}
+
+int TableView::addedRow(const std::vector<bool>& selected) const {
+    const TableSource& table = rows_.source();
+    if (selected[static_cast<std::size_t>(table.current())]) return 0;
+    for (int position = 1; position <= table.count(); ++position)
+        if (selected[static_cast<std::size_t>(position)] && !table.selected(position)) return position;
+    return 0;
 }
 
 void TableView::paintEvent(QPaintEvent* event) {

@@ -36,6 +36,9 @@ private:
 
     /// Whether the row at a position is shown as selected, by position.
     std::vector<bool> selectedRows() const;
+    /// The first row that is selected here and not yet in the table, if the current row is not selected; otherwise 0.
+    /// A screen reader selects a row without making it the current one.
+    int addedRow(const std::vector<bool>& selected) const;
 
     TableModel& rows_;
     QString emptyText_;
