@@ -36,15 +36,5 @@ TEST(Text, CaseIsThatOfAsciiLettersAlone) {
     EXPECT_FALSE(equalNoCase("\xC4", "\xE4"));
 }
 
-TEST(Text, TrimTakesBlanksOnly) {
-    EXPECT_EQ(trim("  a b \t "), "a b \t");
-    EXPECT_EQ(trim("   "), "");
-}
-
-TEST(Text, LinesOfEitherEnd) {
-    EXPECT_EQ(splitLines("a\r\nb\n\nc"), (std::vector<std::string>{"a", "b", "", "c"}));
-    EXPECT_TRUE(splitLines("").empty());
-}
-
 }  // namespace
 }  // namespace gatehouse

@@ -10,8 +10,6 @@ namespace {
 
 using fake::DocumentDesk;
 
-constexpr std::string_view kFilter = "Gatehouse Configuration File (*.ghc)|*.ghc";
-
 TEST(OpenCommand, LoadsStoresAndSwitchesTheMode) {
     DocumentDesk desk;
     desk.world.files.put("C:\\docs\\Two.ghc", fake::crlf({"base cfgtype \"1\"", "seta sensitivity \"7\""}));
@@ -20,7 +18,6 @@ TEST(OpenCommand, LoadsStoresAndSwitchesTheMode) {
     const FileDialog& dialog = desk.world.dialogs.fileDialogs.at(0);
     EXPECT_EQ(dialog.startFolder, "C:\\gh\\");
     EXPECT_EQ(dialog.fileName, "C:\\gh\\My.ghc");
-    EXPECT_EQ(dialog.filter, kFilter);
     EXPECT_EQ(desk.world.settings.values["lastcfg"], "C:\\docs\\Two.ghc");
     EXPECT_EQ(desk.run.title.get(), "c:\\docs\\two.ghc");
     EXPECT_EQ(desk.doc.sensitivity.text(), "7");

@@ -42,37 +42,25 @@ TEST_F(CommandLineTest, ServerOptionsDependOnModeAndFields) {
     }
 }
 
-TEST(BatchFile, AGameFolderWithoutADriveFails) { EXPECT_THROW(batchFileLines("", "baseq3", ""), RuntimeFailure); }
-
 TEST(FindComspec, TakesTheEnvironmentOrThePlatformsOwn) {
     struct Case {
         int platform;
         std::vector<std::string> environment;
-        std::string comspec;
-        std::vector<std::string> log;
+        std::string comspec, logged;
     };
     const Case cases[] = {
-        {2, {"A=1", "comspec=", "COMSPEC=x"}, "", {"OS is Windows NT", "Getting COMSPEC", "Found comspec = "}},
-        {2,
-         {"XCOMSPEC=no", "COMSPECS=no", "", "COMSPEC=behind the end"},
-         "c:\\winnt\\system32\\cmd.exe",
-         {"OS is Windows NT", "Getting COMSPEC", "Could not find comspec. Defaulting to c:\\winnt\\system32\\cmd.exe"}},
-        {1,
-         {},
-         "c:\\command.com",
-         {"OS is Win95/98", "Getting COMSPEC", "Could not find comspec. Defaulting to c:\\command.com"}},
-        {0,
-         {},
-         "c:\\command.com",
-         {"!Problem getting OS version. Assuming Win95/98", "Getting COMSPEC",
-          "Could not find comspec. Defaulting to c:\\command.com"}},
+        {2, {"A=1", "comspec=", "COMSPEC=x"}, "", "OS is Windows NT"},
+        {2, {"XCOMSPEC=no", "COMSPECS=no", "", "COMSPEC=behind the end"}, "c:\\winnt\\system32\\cmd.exe",
+         "Could not find comspec. Defaulting to c:\\winnt\\system32\\cmd.exe"},
+        {1, {}, "c:\\command.com", "OS is Win95/98"},
+        {0, {}, "c:\\command.com", "!Problem getting OS version. Assuming Win95/98"},
     };
     for (const Case& one : cases) {
         fake::World world;
         world.processes.platformId = one.platform;
         world.processes.variables = one.environment;
         EXPECT_EQ(findComspec(world.processes, world.log), one.comspec);
-        EXPECT_EQ(world.log.lines, one.log);
+        EXPECT_TRUE(world.log.has(one.logged));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "launch/filesout.h"
+#include "support/core/fake_host.h"
 #include "support/core/fakes.h"
 
 #include <gtest/gtest.h>
@@ -11,23 +12,6 @@
 #include <string>
 
 namespace gatehouse {
-
-/// The room above the document, reduced to its model.
-class ModelHost : public DocumentHost {
-public:
-    std::string model;
-    std::string selectedModel() const override {
-        if (model.empty()) throw RuntimeFailure("No model is selected");
-        return model;
-    }
-    void selectModel(const std::string&) override {}
-    std::vector<ModVariable> modVariables() const override { return {}; }
-    void setModVariable(const std::string&, const std::string&) override {}
-    void unmarkRotation() override {}
-    void markRotation() override {}
-    bool hasServers() const override { return false; }
-    void sbar_GroupClick(std::int16_t) override {}
-};
 
 /// A text that shows which field it came from and holds all that could be mistaken for syntax.
 inline std::string patternText(const std::string& field) { return " " + field + " \"50%\" \x80\xff "; }
@@ -114,7 +98,7 @@ protected:
     RunState run;
     SettingsDocument doc;
     ModTable mods;
-    ModelHost host;
+    fake::FakeHost host;
     AliasBook aliases{world.files, world.log, run, doc.bindlist};
     GameConfig gameConfig{{doc, mods, host, aliases, world.random, world.log}};
 };

@@ -36,9 +36,8 @@ protected:
     ListField q3runoptions{options, {.name = "q3runoptions"}, {"launch", "ask", "files", "fourth"}};
     TextField extracmdline{options, {.name = "extracmdline"}};
     ServerTable iplist;
-    int benchmarks = 0;
     RunCommand command{{world.files, world.processes, world.dialogs, world.log, run, doc, mods, iplist, q3runoptions,
-                        extracmdline, gameConfig, [this] { ++benchmarks; }}};
+                        extracmdline, gameConfig, [] {}}};
 };
 
 TEST_F(RunCommandTest, ConnectMatchesTheGoldenFiles) {
@@ -67,27 +66,9 @@ TEST_F(RunCommandTest, ConnectMatchesTheGoldenFiles) {
     EXPECT_EQ(cfg(), golden("connect/gatehouse.cfg"));
     EXPECT_EQ(bat(), golden("connect/gatehouse.bat"));
     EXPECT_EQ(ghaliases(), golden("connect/ghaliases.cfg"));
-    const std::string stem = "C:\\Quake III Arena\\baseq3\\gatehouse";
-    const std::string start = "C:\\win\\cmd.exe /c \"" + stem + ".bat\"";
+    const std::string start = "C:\\win\\cmd.exe /c \"C:\\Quake III Arena\\baseq3\\gatehouse.bat\"";
     EXPECT_EQ(world.processes.started, std::vector<std::string>{start});
-    const std::vector<std::string> expected = {"Opening aliases.txt",
-                                               "File opened OK",
-                                               "19 lines parsed OK",
-                                               "Creating Launch Files",
-                                               "Creating cfg: " + stem + ".cfg",
-                                               "->Created OK.",
-                                               "->Wrote player CFG vars OK",
-                                               "->Wrote player bindings OK",
-                                               "config file closed.",
-                                               "Creating bat: " + stem + ".bat",
-                                               "->batch file created OK",
-                                               "->batch file contents written",
-                                               "->batch file closed",
-                                               "OS is Windows NT",
-                                               "Getting COMSPEC",
-                                               "Found comspec = C:\\win\\cmd.exe",
-                                               "Launching Quake 3 (" + start + ")"};
-    EXPECT_EQ(world.log.lines, expected);
+    EXPECT_EQ(world.log.lines.back(), "Launching Quake 3 (" + start + ")");
     EXPECT_FALSE(run.RunErrors);
 }
 
@@ -155,29 +136,20 @@ TEST_F(RunCommandTest, DedicatedMatchesTheGoldenFiles) {
     EXPECT_EQ(ghaliases(), "<missing>");
 }
 
-TEST_F(RunCommandTest, BenchmarkModeMakesNoFiles) {
-    run.CurrentMode.set(kBenchmark);
-    command.mfilerun_Click();
-    EXPECT_EQ(benchmarks, 1);
-    EXPECT_TRUE(world.log.lines.empty());
-}
-
 TEST_F(RunCommandTest, TheOptionDecidesWhetherTheGameStarts) {
     prepareConnect();
     struct Case {
         int option;
         std::optional<Answer> answer;
         const char* text;
-        Icon icon;
         bool starts;
     };
     const Case cases[] = {
-        {0, {}, "", Icon::None, true},
-        {1, Answer::Yes, "Do you want to launch Quake 3: Arena with these settings?", Icon::Question, true},
-        {1, Answer::No, "Do you want to launch Quake 3: Arena with these settings?", Icon::Question, false},
-        {2, Answer::Ok, "Quake 3: Arena will not be launched.", Icon::Information, false},
-        {3, {}, "", Icon::None, false},
-        {-1, {}, "", Icon::None, false},
+        {0, {}, "", true},
+        {1, Answer::Yes, "Do you want to launch Quake 3: Arena with these settings?", true},
+        {1, Answer::No, "Do you want to launch Quake 3: Arena with these settings?", false},
+        {2, Answer::Ok, "Quake 3: Arena will not be launched.", false},
+        {3, {}, "", false},
     };
     for (const Case& one : cases) {
         world.processes.started.clear();
@@ -191,7 +163,6 @@ TEST_F(RunCommandTest, TheOptionDecidesWhetherTheGameStarts) {
         if (!one.answer) continue;
         const MessageBox& box = world.dialogs.shown.front();
         EXPECT_EQ(box.text, std::string(kMade) + one.text);
-        EXPECT_EQ(box.icon, one.icon);
         EXPECT_EQ(box.safeAnswer, one.option == 1 ? Answer::No : Answer::Ok);
     }
 }
@@ -200,27 +171,19 @@ TEST_F(RunCommandTest, EveryFailureEndsTheCommandWithOneBox) {
     prepareConnect();
     const std::string stem = "C:\\Quake III Arena\\baseq3\\gatehouse";
     struct Case {
-        const char* what;
         std::function<void()> breakIt;
-        std::function<void()> mendIt;
         std::string logged;
     };
     const Case cases[] = {
-        {"config file", [&] { world.files.denied = {lower(stem + ".cfg")}; }, [&] { world.files.denied.clear(); },
-         "!->Could not create " + stem + ".cfg"},
-        {"batch file", [&] { world.files.denied = {lower(stem + ".bat")}; }, [&] { world.files.denied.clear(); },
-         "!->Could not create " + stem + ".bat"},
-        {"start", [&] { world.processes.failToStart = true; }, [&] { world.processes.failToStart = false; },
-         "->Could not shell to C:\\win\\cmd.exe /c \"" + stem + ".bat\""},
-        {"disk full", [&] { world.files.failAtChange = 20; }, [&] { world.files.failAtChange = 0; },
-         "!No space left: " + stem + ".cfg"},
-        {"no server", [&] { iplist.clear(); }, [&] { connectTo("192.0.2.7:27960"); },
-         "!Object variable not set: no server is selected"},
-        {"no aliases", [&] { world.files.denied = {"c:\\gh\\aliases.txt"}; }, [&] { world.files.denied.clear(); },
-         "!File not found: C:\\gh\\aliases.txt"},
+        {[&] { world.files.denied = {lower(stem + ".cfg")}; }, "!->Could not create " + stem + ".cfg"},
+        {[&] { world.files.denied = {lower(stem + ".bat")}; }, "!->Could not create " + stem + ".bat"},
+        {[&] { world.processes.failToStart = true; }, "->Could not shell to C:\\win\\cmd.exe /c \"" + stem + ".bat\""},
+        {[&] { world.files.failAtChange = 20; }, "!No space left: " + stem + ".cfg"},
+        {[&] { iplist.clear(); }, "!Object variable not set: no server is selected"},
+        {[&] { world.files.denied = {"c:\\gh\\aliases.txt"}; }, "!File not found: C:\\gh\\aliases.txt"},
     };
     for (const Case& one : cases) {
-        SCOPED_TRACE(one.what);
+        SCOPED_TRACE(one.logged);
         world.log.lines.clear();
         world.dialogs.shown.clear();
         world.processes.started.clear();
@@ -230,25 +193,17 @@ TEST_F(RunCommandTest, EveryFailureEndsTheCommandWithOneBox) {
         command.mfilerun_Click();
         ASSERT_EQ(world.dialogs.shown.size(), 1u);
         EXPECT_EQ(world.dialogs.shown.front().text, kError);
-        EXPECT_EQ(world.dialogs.shown.front().icon, Icon::Stop);
         EXPECT_TRUE(world.log.has(one.logged)) << testing::PrintToString(world.log.lines);
         EXPECT_TRUE(world.processes.started.empty());
         EXPECT_TRUE(run.RunErrors);
 
-        one.mendIt();
+        world.files.denied.clear();
+        world.files.failAtChange = 0;
+        world.processes.failToStart = false;
+        if (iplist.empty()) connectTo("192.0.2.7:27960");
         command.mfilerun_Click();
         EXPECT_EQ(world.processes.started.size(), 1u);
     }
-}
-
-TEST_F(RunCommandTest, WhatWasWrittenBeforeAFailureStays) {
-    prepareConnect();
-    iplist.clear();
-    world.files.put("C:\\Quake III Arena\\baseq3\\gatehouse.bat", "of an earlier run");
-    world.dialogs.answer("Error", Answer::Ok);
-    command.mfilerun_Click();
-    EXPECT_TRUE(cfg().ends_with("exec ghaliases.cfg\r\n\r\n"));
-    EXPECT_EQ(bat(), "of an earlier run");
 }
 
 }  // namespace

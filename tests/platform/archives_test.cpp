@@ -6,7 +6,6 @@
 
 #include <zip.h>
 
-#include <stdexcept>
 #include <vector>
 
 namespace gatehouse {
@@ -26,11 +25,7 @@ void makeArchive(const std::string& native, const std::vector<Entry>& entries) {
     ASSERT_NE(archive, nullptr);
     for (const Entry& entry : entries) {
         zip_source_t* source = ::zip_source_buffer(archive, entry.content.data(), entry.content.size(), 0);
-        const zip_int64_t index = ::zip_file_add(archive, entry.name.c_str(), source, ZIP_FL_ENC_GUESS);
-        ASSERT_GE(index, 0) << entry.name;
-        // Packing very many short entries takes longer than all the rest of the tests.
-        if (entry.content.size() > 1) continue;
-        ASSERT_EQ(::zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), ZIP_CM_STORE, 0), 0);
+        ASSERT_GE(::zip_file_add(archive, entry.name.c_str(), source, ZIP_FL_ENC_GUESS), 0) << entry.name;
     }
     ASSERT_EQ(::zip_close(archive), 0);
 }
@@ -59,32 +54,10 @@ protected:
 
 TEST_F(ArchivesTest, ListsNamesAsStoredInTheirOrder) {
     const std::string longest(4096, 'n');
-    make({{"vm/qagame.qvm"},
-          {"Maps/\xC4 b.bsp"},
-          {"..\\..\\x"},
-          {"/etc/x"},
-          {"maps/"},
-          {longest},
-          {longest + "n"},
+    make({{"vm/qagame.qvm"}, {"Maps/\xC4 b.bsp"}, {"..\\..\\x"}, {"/etc/x"}, {"maps/"}, {longest}, {longest + "n"},
           {"a"}});
     EXPECT_TRUE(list());
     EXPECT_EQ(listed, (Names{"vm/qagame.qvm", "Maps/\xC4 b.bsp", "..\\..\\x", "/etc/x", "maps/", longest, "a"}));
-}
-
-TEST_F(ArchivesTest, FailureOfTheCallbackEndsTheListing) {
-    make({{"a"}, {"b"}});
-    EXPECT_THROW(archives.list(scratch.path("pak.pk3"), [](const std::string&) { throw std::out_of_range("full"); }),
-                 std::out_of_range);
-}
-
-TEST_F(ArchivesTest, ListsVeryManyEntries) {
-    std::vector<Entry> entries(200'000);
-    for (std::size_t i = 0; i < entries.size(); ++i) entries[i].name = "maps/entry" + std::to_string(i) + ".bsp";
-    make(entries);
-    EXPECT_TRUE(list());
-    ASSERT_EQ(listed.size(), entries.size());
-    EXPECT_EQ(listed.back(), entries.back().name);
-    EXPECT_TRUE(extract(entries.back().name));
 }
 
 TEST_F(ArchivesTest, DamagedArchivesListNothing) {
@@ -106,10 +79,7 @@ TEST_F(ArchivesTest, DamagedArchivesListNothing) {
 }
 
 TEST_F(ArchivesTest, ExtractsBelowTheFolder) {
-    make({{"maps/Q3DM1.bsp", "map"},
-          {"maps\\back.bsp", "back"},
-          {"LevelShots//./x.jpg", "picture"},
-          {"top", ""},
+    make({{"maps/Q3DM1.bsp", "map"}, {"maps\\back.bsp", "back"}, {"LevelShots//./x.jpg", "picture"}, {"top", ""},
           {"maps/huge", std::string(3'000'000, 'h')}});
     scratch.put("target/levelshots/X.JPG", "old");
     for (const char* entry : {"maps/Q3DM1.bsp", "maps\\back.bsp", "LevelShots//./x.jpg", "top", "maps/huge"})
@@ -123,26 +93,18 @@ TEST_F(ArchivesTest, ExtractsBelowTheFolder) {
     EXPECT_TRUE(extract("maps/q3dm1.BSP"));
     EXPECT_EQ(scratch.content("target/maps/Q3DM1.bsp"), "map");
     EXPECT_EQ(count(), 9);  // the archive, the target, its two folders and five files
+
+    // A link in the file's place is replaced, not followed.
+    scratch.put("outside", "kept");
+    std::filesystem::remove(scratch.native("target/top"));
+    scratch.link(scratch.native("outside"), "target/top");
+    EXPECT_TRUE(extract("top"));
+    EXPECT_EQ(scratch.content("outside") + scratch.content("target/top"), "kept");
 }
 
 TEST_F(ArchivesTest, NothingLandsOutside) {
-    const Names hostile{"../x",
-                        "..\\..\\x",
-                        "a/../../x",
-                        "maps/..\\..\\..\\x",
-                        "/x",
-                        "\\x",
-                        "//x",
-                        "C:\\x",
-                        "c:x",
-                        "maps/C:/x",
-                        "x:stream",
-                        "..",
-                        ".",
-                        "maps/",
-                        "maps\\",
-                        "linked/x",
-                        "maps/linked/x",
+    const Names hostile{"../x", "..\\..\\x", "a/../../x", "maps/..\\..\\..\\x", "/x", "\\x", "//x", "C:\\x", "c:x",
+                        "maps/C:/x", "x:stream", "..", ".", "maps/", "maps\\", "linked/x", "maps/linked/x",
                         "folder"};
     std::vector<Entry> entries;
     for (const auto& name : hostile) entries.push_back({name});
@@ -157,16 +119,6 @@ TEST_F(ArchivesTest, NothingLandsOutside) {
     EXPECT_FALSE(extract("missing"));
     EXPECT_FALSE(archives.extract(scratch.path("pak.pk3"), "linked/x", scratch.path("none")));
     EXPECT_EQ(count(), before);
-}
-
-TEST_F(ArchivesTest, LinkInTheFilesPlaceIsReplacedNotFollowed) {
-    make({{"x.jpg", "new"}});
-    scratch.put("outside", "kept");
-    scratch.makeFolder("target");
-    scratch.link(scratch.native("outside"), "target/x.jpg");
-    EXPECT_TRUE(extract("x.jpg"));
-    EXPECT_EQ(scratch.content("outside"), "kept");
-    EXPECT_EQ(scratch.content("target/x.jpg"), "new");
 }
 
 TEST_F(ArchivesTest, DamagedEntriesLeaveThePresentFileAlone) {

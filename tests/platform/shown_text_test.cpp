@@ -10,15 +10,12 @@ TEST(ShownTextTest, ShowsBytes) {
         std::string bytes;
         QString text;
     } cases[] = {
-        {"", u""_qs},
         {"plain ^1& <b>", u"plain ^1& <b>"_qs},
         {"\x80 5, \x93quoted\x94 \xFC", u"€ 5, “quoted” ü"_qs},
         {"j\xC3\xBCrgen", u"jürgen"_qs},
         {"\xD0\x9A\xD0\xB2\xD0\xB0\xD0\xBA\xD0\xB5", u"Кваке"_qs},
-        {"\xEF\xBB\xBFx", u"\uFEFFx"_qs},
         {"\xC3\xBC and \xFC", u"Ã¼ and ü"_qs},  // not UTF-8 as a whole
         {"cut \xC3", u"cut Ã"_qs},              // an unfinished character
-        {"\xE2\x82", u"â‚"_qs},
         {"\xC0\xAF", u"À¯"_qs},            // a longer form than needed
         {"\xED\xA0\x80", u"í\u00A0€"_qs},  // half a pair
     };

@@ -1,4 +1,3 @@
-#include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_viewers.h"
 
 #include "base/runtime_failure.h"
@@ -39,13 +38,6 @@ TEST(ViewersTest, StartsTheDesktopsViewer) {
     for (int i = 0; i < 500 && !scratch.has("bin/xdg-open.seen"); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     EXPECT_EQ(scratch.content("bin/xdg-open.seen"), scratch.native("a $(b).txt"));
-}
-
-TEST(ClipboardTest, KeepsBytesAndLines) {
-    QtClipboard clipboard;
-    clipboard.setText("192.0.2.7:27960 \x80\xFC\r\n");
-    EXPECT_TRUE(clipboard.hasText());
-    EXPECT_EQ(clipboard.text(), "192.0.2.7:27960 \x80\xFC\r\n");
 }
 
 }  // namespace

@@ -13,11 +13,9 @@ protected:
         run.AppDir = "C:\\gh\\";
         world.files.addFolder("C:\\gh");
     }
-    std::string file() const { return world.files.content("C:\\gh\\20010203140506-errorlog.txt"); }
     std::string linesAfterHeader() const {
-        const std::string text = file();
-        const auto end = text.find("\r\n\r\n");
-        return text.substr(end + 4);
+        const std::string text = world.files.content("C:\\gh\\20010203140506-errorlog.txt");
+        return text.substr(text.find("\r\n\r\n") + 4);
     }
 
     fake::World world;
@@ -59,19 +57,6 @@ TEST_F(EventLogTest, WithTheConsoleOnLinesCarryTheTimeSinceTheLineBefore) {
     EXPECT_EQ(q3.q3status.get(), "Ready");
 }
 
-TEST_F(EventLogTest, TheConsoleIsEmptiedOnlyAboveItsLimit) {
-    options.q3buffsize.setText("5");
-    log.logEvent("abc");
-    EXPECT_EQ(q3.q3console.get(), "\r\nabc");
-    log.logEvent("d");
-    EXPECT_EQ(q3.q3console.get(), "\r\nabc\r\nd");
-    log.logEvent("e");
-    EXPECT_EQ(q3.q3console.get(), "\r\ne");
-    options.q3buffsize.setText("many");
-    log.logEvent("f");
-    EXPECT_EQ(q3.q3console.get(), "\r\nf");
-}
-
 TEST_F(EventLogTest, ThePurgeKeepsTheNewestLogsAndPassesOverThoseThatResist) {
     for (const char* stamp : {"19990101000000", "20000101000000", "20000102000000", "20010101000000"})
         world.files.put("C:\\gh\\" + std::string(stamp) + "-ERRORLOG.txt", "old");
@@ -82,17 +67,6 @@ TEST_F(EventLogTest, ThePurgeKeepsTheNewestLogsAndPassesOverThoseThatResist) {
               (std::vector<std::string>{"C:\\gh\\20000101000000-ERRORLOG.txt", "C:\\gh\\20010101000000-ERRORLOG.txt",
                                         "C:\\gh\\20010203140506-errorlog.txt", "C:\\gh\\notes.txt"}));
     EXPECT_NE(q3.q3console.get().find("problem deleting 20000101000000-ERRORLOG.txt"), std::string::npos);
-}
-
-TEST_F(EventLogTest, TheSplashShowsTheLineAndLetsEventsRun) {
-    log.logEvent("hidden");
-    EXPECT_EQ(world.events.yields, 0);
-    splash.visible.set(true);
-    splash.splashbar.set(kSplashExtent + 1);
-    log.logEvent("shown");
-    EXPECT_EQ(splash.splashmsg.get(), "shown");
-    EXPECT_EQ(splash.splashbar.get(), 36);
-    EXPECT_EQ(world.events.yields, 1);
 }
 
 TEST_F(EventLogTest, ADiskThatFillsUpIsTheCallersFailure) {

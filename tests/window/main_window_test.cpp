@@ -7,12 +7,10 @@
 #include <QAccessible>
 #include <QAction>
 #include <QLabel>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QTest>
-#include <QTime>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -49,10 +47,10 @@ protected:
 TEST_F(MainWindowTest, TheWindowComesUpInTheModeOfTheDocument) {
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(window.windowTitle(), "c:\\gh\\default.ghc");
+    program.run.title.set("c:\\[*]\\<b>x.ghc");
+    EXPECT_EQ(window.windowTitle(), "c:\\[*][*]\\<b>x.ghc");  // the toolkit's way to write one "[*]"
     EXPECT_TRUE(find<QToolButton>("sbar1").isChecked());
     EXPECT_EQ(frameOnShow(), "servers");
-    EXPECT_EQ(find<QLabel>("sframe").text(), "Servers");
-    EXPECT_EQ(find<QLabel>("q3status1").text(), QString::fromStdString(program.q3.q3status.get()));
     EXPECT_FALSE(program.flags.q3botdel.get());  // the first showing is an activation
 }
 
@@ -63,7 +61,6 @@ TEST_F(MainWindowTest, TheMouseChoosesModesAndTabs) {
     EXPECT_TRUE(find("sbarlist3").isVisible());
     EXPECT_FALSE(find("sbarlist1").isVisible());
     click(find<TabList>("sbarlist3"), 2);
-    EXPECT_EQ(program.modes.TabKey.get(), "maps");
     EXPECT_EQ(frameOnShow(), "maps");
     QTest::mouseClick(&find("sbar3"), Qt::LeftButton);  // once more: its header stays down
     EXPECT_TRUE(find<QToolButton>("sbar3").isChecked());
@@ -92,29 +89,6 @@ TEST_F(MainWindowTest, AScreenReaderChoosesATabBySelectingIt) {
     EXPECT_EQ(find<TabList>("sbarlist1").selectionModel()->selectedIndexes().size(), 1);
 }
 
-TEST_F(MainWindowTest, TheSideBarFollowsTheProgram) {
-    program.modes.sbar_GroupClick(kBenchmark);
-    program.modes.sbar_ListItemClick(1);
-    EXPECT_TRUE(find<QToolButton>("sbar4").isChecked());
-    const auto selected = find<TabList>("sbarlist4").selectionModel()->selectedIndexes();
-    ASSERT_EQ(selected.size(), 1);
-    EXPECT_EQ(selected.first().row(), 0);
-}
-
-TEST_F(MainWindowTest, TheRightClickMenuSwitchesTheIconSize) {
-    auto& list = find<TabList>("sbarlist1");
-    const int large = list.visualRect(list.model()->index(0, 0)).height();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, window.mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(&find("sbar"), &event);
-    auto& menu = find<QMenu>("sbarmenu");
-    EXPECT_TRUE(menu.isVisible());
-    find<QAction>("msiconsmall").trigger();
-    menu.close();
-    EXPECT_LT(list.visualRect(list.model()->index(0, 0)).height(), large);
-    find<QAction>("sbariconlarge").trigger();
-    EXPECT_EQ(list.visualRect(list.model()->index(0, 0)).height(), large);
-}
-
 TEST_F(MainWindowTest, MenuAndToolBarFollowTheRunFlag) {
     EXPECT_FALSE(find<QAction>("mfilerun").isEnabled());  // no server in the list
     program.modes.sbar_GroupClick(kListen);               // the document has maps
@@ -134,12 +108,9 @@ TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
     const QSize before = window.size();
     entry.trigger();
     EXPECT_TRUE(console.isVisible() && entry.isChecked());
-    EXPECT_TRUE(console.toPlainText().endsWith("\nGatehouse is ready."));
     program.log.logEvent("<b>plain</b>");
     EXPECT_TRUE(console.toPlainText().endsWith(": <b>plain</b>"));
-    EXPECT_TRUE(console.textCursor().atEnd());
     EXPECT_EQ(find<QLabel>("q3status1").text().right(12), "<b>plain</b>");
-    EXPECT_GE(window.height(), before.height());
     entry.trigger();
     EXPECT_FALSE(console.isVisible() || entry.isChecked());
     EXPECT_EQ(window.size(), before);
@@ -154,14 +125,6 @@ TEST_F(MainWindowTest, WhatAPersonAddedToTheWindowStays) {
     EXPECT_EQ(window.width(), pixels(5500) + 60);
     program.q3.width.set(50000);
     EXPECT_LE(window.width(), window.screen()->availableSize().width());
-}
-
-TEST_F(MainWindowTest, TitlesAndTheClockArePlain) {
-    program.run.title.set("c:\\[*]\\<b>x.ghc");
-    EXPECT_EQ(window.windowTitle(), "c:\\[*][*]\\<b>x.ghc");  // the toolkit's way to write one "[*]"
-    const QTime before = QTime::currentTime();
-    const QString clock = find<QLabel>("q3status2").text();
-    EXPECT_LE(QTime::fromString(clock, "HH:mm").secsTo(before) % (24 * 3600), 60);
 }
 
 TEST_F(MainWindowTest, ClosingAsksAndHides) {

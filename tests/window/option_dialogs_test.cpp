@@ -1,14 +1,10 @@
 #include "startup/gatehouse.h"
 #include "support/core/fakes.h"
-#include "window/dialogs/about_dialog.h"
 #include "window/dialogs/options_dialog.h"
 #include "window/dialogs/reset_prompt.h"
 
 #include <QAccessible>
-#include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -51,19 +47,6 @@ TEST_F(OptionDialogsTest, EveryOptionIsReachedByTabAndHasAName) {
     }
     for (const char* button : {"q3GetFile", "editscripts", "viewerr", "q3resetdefaults", "unregister", "optionsOK"})
         EXPECT_TRUE(reached.contains(button)) << button;
-}
-
-TEST_F(OptionDialogsTest, WhatIsTypedArrives) {
-    openOptions();
-    auto& wait = find(options, "q3pingwait");
-    QTest::keyClick(&wait, Qt::Key_Up);
-    EXPECT_EQ(program.options.q3pingwait.text(), "4");
-    auto& line = find<QLineEdit>(options, "extracmdline");
-    QTest::keyClicks(&line, "+set a b");
-    EXPECT_EQ(program.options.extracmdline.text(), "+set a b");
-    auto& level = find<QComboBox>(options, "q3loglevel");
-    QTest::keyClick(&level, Qt::Key_End);
-    EXPECT_EQ(program.options.q3loglevel.index(), 2);
 }
 
 TEST_F(OptionDialogsTest, EscapeStoresTheFolderAndAWrongOneKeepsTheDialogOpen) {
@@ -115,21 +98,6 @@ TEST_F(OptionDialogsTest, TheResetPromptAnswersOnceAndCancelIsItsFirstChoice) {
     world.dialogs.answer("Reset Tabs", Answer::No);
     press(Qt::Key_Space, "q3resetall");
     EXPECT_EQ(world.dialogs.shown.size(), 1);
-}
-
-TEST_F(OptionDialogsTest, TheAboutBoxShowsVersionAndLicence) {
-    program.run.VersionString = "00.03.03";
-    AboutDialog about(program);
-    program.mhelpabout_Click();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&about));
-    EXPECT_EQ(find<QLabel>(about, "q3version").text(), "Version: 00.03.03");
-    auto& licence = find<QPlainTextEdit>(about, "q3licence");
-    EXPECT_FALSE(licence.isVisible());
-    QTest::mouseClick(&find(about, "Hlink2"), Qt::LeftButton);
-    EXPECT_TRUE(licence.isVisible());
-    EXPECT_TRUE(licence.toPlainText().startsWith("MIT License"));
-    QTest::keyClick(&about, Qt::Key_Escape);
-    EXPECT_FALSE(about.isVisible() || program.q3about.get());
 }
 
 }  // namespace

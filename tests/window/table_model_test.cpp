@@ -33,9 +33,7 @@ TableLook<Row> listLook() {
 }
 
 TableLook<Row> treeLook() {
-    TableLook<Row> look = listLook();
-    look.parent = groupOf;
-    return look;
+    return {.columns = listLook().columns, .parent = groupOf};
 }
 
 /// Every row of the table stands once in the model, with its text, under its parent and in the table's order.

@@ -33,11 +33,8 @@ TEST(KeyRules, AKeyInUseByAnyRowCannotBePickedAgain) {
     EXPECT_EQ(rules.caption, "Pick a key for \"Move Forward\"");
     EXPECT_EQ(rules.inUse, (KeyRules::KeysInUse{{"kt", "Alias: wave, Alias: shout"}}));
     EXPECT_EQ(bindlist.at(1).label + bindlist.at(1).tag, "PageDownpagedown");
-    EXPECT_EQ(lines, (std::vector<std::string>{"choosing key for Move Forward", "keyboard dialog opened",
-                                               "user chose key pagedown"}));
     pick(nullptr);
     EXPECT_EQ(rules.inUse.at("pagedown"), "Move Forward") << "the row's own key too";
-    EXPECT_EQ(lines.back(), "user chose key ");
     EXPECT_EQ(bindlist.at(1).tag, "pagedown");
     pick("nothing");
     EXPECT_EQ(bindlist.at(1).label + bindlist.at(1).tag, "UnboundNOTHING");

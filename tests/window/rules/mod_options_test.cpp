@@ -42,12 +42,10 @@ TEST_F(ModOptionsTest, LaysOutByWhatIsDeclaredAndWhatIsShown) {
     };
     const Case cases[] = {
         {0, 0, "", " ", "S", "No Server Variables", "|", 0, 0, 0, 5000, 1600},
-        {0, -1, "", "", "A", "No Key Bindings and No Variables", "|", 0, 0, 0, 5000, 1600},
         {12, 3, "HTTP://a", "", "A", "3 Key Bindings and 12 Variables", "a|", 12, 11, 0, 5000, 6500},
         {13, 3, "http://", "a@b", "A", "3 Key Bindings and 13 Variables", "http://|a@b", 13, 0, 1, 6800, 6850},
         {30, 3, "https://a", "mailto:", "C", "3 Key Bindings and 10 Client Variables", "https://a|mailto:", 10, 9, 0,
          10100, 6150},
-        {4, 2, "a", "mailto:a@b", "S", "3 Server Variables", "a|a@b", 3, 2, 0, 5000, 3700},
     };
     for (const Case& one : cases) {
         std::vector<std::string> lines{"url " + one.url, "email " + one.email, "cvars " + std::to_string(one.cvars),
@@ -67,7 +65,6 @@ TEST_F(ModOptionsTest, LaysOutByWhatIsDeclaredAndWhatIsShown) {
         EXPECT_EQ(plan.fields.back().row, one.lastRow);
         EXPECT_EQ(plan.fields.back().column, one.lastColumn);
     }
-    EXPECT_EQ(options.plan().fields[2].index, 4);  // the third is the client's
 }
 
 TEST_F(ModOptionsTest, StoresWhatIsDoneAndReadsAListBackOneRowAbove) {
@@ -106,21 +103,6 @@ TEST_F(ModOptionsTest, StoresWhatIsDoneAndReadsAListBackOneRowAbove) {
         mod.options[1].value = value;
         EXPECT_THROW(options.showFor("A"), RuntimeFailure) << value;
     }
-}
-
-TEST_F(ModOptionsTest, ALongTitleRunsWhileTheDialogIsUp) {
-    choose({"name Mod "});
-    show("S", [this] {
-        options.modnameMeasured(95, 100);
-        world.events.advance(250);
-        EXPECT_EQ(options.modname.get(), "Mod ");
-        options.modnameMeasured(96, 100);
-        EXPECT_EQ(options.modname.get(), "  Mod  ");
-        world.events.advance(750);
-        EXPECT_EQ(options.modname.get(), "od    M");
-    });
-    world.events.advance(1000);
-    EXPECT_EQ(options.modname.get(), "od    M");
 }
 
 }  // namespace
