@@ -39,7 +39,7 @@ fuzz_target() {
     mkdir -p "$learned" "$findings"
     say "$target, $minutes min"
     # What it learned comes first: that is where new files go.
-    nice "$build/fuzz/fuzz_$target" -max_total_time=$((minutes * 60)) -max_len=65536 -timeout=10 -print_final_stats=1 \
+    nice "$build/fuzz/fuzz_$target" -max_total_time=$((minutes * 60)) -max_len=65536 -timeout=60 -print_final_stats=1 \
         -artifact_prefix="$findings/" "$learned" "$fuzz/corpus/$target" >"$kept/$target/log" 2>&1 || return 1
     grep -E '^stat::(number_of_executed_units|average_exec_per_sec)' "$kept/$target/log" || true
 }

@@ -1,10 +1,6 @@
 // A list of servers: what is read, written and read again is the same.
 
-#include "servers/filesmisc.h"
-
-#include "base/text.h"
-#include "fuzz.h"
-#include "support/core/fakes.h"
+#include "server_desk.h"
 
 #include <algorithm>
 #include <array>
@@ -15,34 +11,10 @@ namespace {
 
 using namespace gatehouse;
 
-constexpr int kColumns = 8;
 constexpr SortState kByPing = {.sorted = true, .key = kPingColumn, .descending = false};
-const std::string kList = "mine.ghs";
-const std::string kPath = "C:\\gh\\" + kList;
 constexpr std::array kWrittenColumns = {&ServerEntry::Name,    &ServerEntry::Ping, &ServerEntry::Players,
                                         &ServerEntry::Game,    &ServerEntry::Map,  &ServerEntry::Address,
                                         &ServerEntry::Password};
-
-struct Desk {
-    explicit Desk(const std::string& text) {
-        ghcdir.setText("C:\\gh\\");
-        world.files.put(kPath, text);
-        std::string name = kList;
-        lists.LoadServerList(name);
-    }
-    std::string save() {
-        lists.SaveServerList(kList);
-        return world.files.content(kPath);
-    }
-
-    fake::World world;
-    RunState run;
-    CommandFlags flags;
-    FieldGroup group{"options"};
-    TextField ghcdir{group, {.name = "ghcdir"}};
-    ServerTable iplist;
-    ServerLists lists{world.files, world.log, run, flags, ghcdir, iplist};
-};
 
 /// False for a name that, without its outer blanks, starts a comment or ends early.
 bool canBeWritten(const ServerEntry& row) {
@@ -69,15 +41,18 @@ bool canAllBeWritten(const ServerTable& rows) {
 std::vector<std::string> texts(const ServerTable& rows) {
     std::vector<std::string> all;
     for (int position = 1; position <= rows.count(); ++position)
-        for (int column = 0; column < kColumns; ++column) all.push_back(serverColumn(rows.at(position), column));
+        for (int column = 0; column < fuzz::kServerColumns; ++column)
+            all.push_back(serverColumn(rows.at(position), column));
     return all;
 }
 
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Desk first(fuzz::textOf(data, size));
-    Desk second(first.save());
+    fuzz::ServerDesk first;
+    first.load(fuzz::textOf(data, size));
+    fuzz::ServerDesk second;
+    second.load(first.save());
     if (canAllBeWritten(first.iplist)) {
         ServerTable carried;
         carry(first.iplist, carried);
