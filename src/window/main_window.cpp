@@ -44,9 +44,6 @@ constexpr int kGap = 8;
 constexpr int kTitleBar = 36;  // room for what the window manager draws around a window
 constexpr int kMillisecondsPerMinute = 60'000;
 
-/// A title is shown as it stands, though the toolkit reads "[*]" in it as a mark of its own.
-QString windowTitleText(const std::string& title) { return shown(title).replace("[*]", "[*][*]"); }
-
 /// "Undo" with what it undoes.
 void nameStep(QAction& action, const QString& command, const std::string& name) {
     action.setText((command + ' ' + shown(name).replace('&', "&&")).trimmed());
@@ -258,7 +255,7 @@ void MainWindow::offerForm(Observable<bool>& form, std::function<void()> makeVie
 }
 
 void MainWindow::followProgram() {
-    follow(this, program_.run.title, [this](const std::string& title) { setWindowTitle(windowTitleText(title)); });
+    follow(this, program_.run.title, [this](const std::string& title) { setWindowTitle(shownTitle(title)); });
     offerForm(program_.botsRules.q3newbot, [this] { new NewBotDialog(program_.botsRules, this); });
     offerForm(program_.modOptions.q3mod, [this] { new ModDialog(program_.modOptions, this); });
     offerForm(program_.keyRules.q3keyboard, [this] { new KeyboardDialog(program_.keyRules, this); });

@@ -83,48 +83,12 @@ TEST_F(ConsoleTest, CarriesOutAConfigInItsOrder) {
     EXPECT_TRUE(reported("exec missing.cfg: not found"));
 }
 
-TEST_F(ConsoleTest, NamesWithoutAValueAreAskedFor) {
-    type("set known 5; known; strange; strange a b");
-    EXPECT_TRUE(reported("known is \"5\""));
-    EXPECT_TRUE(reported("unknown command strange"));
-    EXPECT_EQ(console.value("strange"), "");
-}
-
-TEST_F(ConsoleTest, ProtectedVariablesKeepTheirValue) {
-    console.preset("fs_game", "baseq3");
-    console.protect("fs_game");
-    type("set FS_GAME ..; fs_game /etc");
-    EXPECT_EQ(console.value("fs_game"), "baseq3");
-}
-
-TEST_F(ConsoleTest, OnlySetsMarksForTheStatusReply) {
-    type("sets Admin me; set other you");
-    EXPECT_EQ(console.serverInfoMarks(), (InfoPairs{{"Admin", "me"}}));
-}
-
-TEST_F(ConsoleTest, WaitHoldsTheRestForItsFrames) {
-    console.insertText("wait 2; set done 1");
-    console.frame();
-    console.frame();
-    console.frame();
-    EXPECT_EQ(console.value("done"), "");
-    console.frame();
-    EXPECT_EQ(console.value("done"), "1");
-}
-
 TEST_F(ConsoleTest, HostileConfigsEnd) {
     configs["loop.cfg"] = "exec loop.cfg\nexec loop.cfg\n";
     for (const char* text : {"set a \"vstr a\"; vstr a", "set b \"vstr b; vstr b\"; vstr b", "exec loop.cfg"}) type(text);
     EXPECT_TRUE(reported("too deeply nested, not carried out"));
     EXPECT_TRUE(reported("too many commands, the rest is dropped"));
     EXPECT_LE(reports.size(), static_cast<std::size_t>(2 * Console::kMaxCommands));
-}
-
-TEST_F(ConsoleTest, VariablesAreBounded) {
-    for (std::size_t i = 0; i < Console::kMaxVariables + 10; ++i) console.preset("v" + std::to_string(i), "1");
-    EXPECT_EQ(console.value("v" + std::to_string(Console::kMaxVariables)), "");
-    type("set one_more 1");
-    EXPECT_TRUE(reported("too many variables, not set: one_more"));
 }
 
 TEST(StatusText, RepliesInTheGamesOwnFormat) {
@@ -191,19 +155,6 @@ TEST_F(GameFilesTest, NeverLeavesTheGameFolder) {
     EXPECT_FALSE(GameFiles(root / "game", "linked").writeDump("dump", "x"));
     put("game/baseq3/huge.cfg", std::string(GameFiles::kMaxConfigBytes + 1, ' '));
     EXPECT_FALSE(files.readConfig("huge.cfg"));
-}
-
-TEST_F(GameFilesTest, DumpsReplaceAFileAndLeaveNothingBeside) {
-    const GameFiles files(root / "game", "");
-    EXPECT_TRUE(files.writeDump("bdata.txt", "first"));
-    EXPECT_TRUE(files.writeDump("bdata", "second"));
-    EXPECT_EQ(files.readConfig("bdata.txt"), "second");
-    const auto entries = std::distance(fs::directory_iterator(root / "game/baseq3"), fs::directory_iterator());
-    EXPECT_EQ(entries, 5);
-    // A link is replaced, and what it led to stays as it was.
-    EXPECT_TRUE(files.writeDump("link.cfg", "dump"));
-    std::ifstream outside(root / "outside.cfg");
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(outside), {}), "outside");
 }
 
 }  // namespace

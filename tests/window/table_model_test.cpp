@@ -6,6 +6,7 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -128,6 +129,30 @@ TEST(TableView, ManyRowsSelectedByKeysAreSelectedInTheTableAtOnce) {
     EXPECT_EQ(rows.selectedCount(), 3);
     rows.selectNone();
     EXPECT_FALSE(view.selectionModel()->hasSelection());
+}
+
+TEST(TableView, OnlyADoubleClickOrReturnOpensARowWhateverTheDesktopsWay) {
+    struct OneClickStyle : QProxyStyle {
+        int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                      QStyleHintReturn* data) const override {
+            return hint == SH_ItemView_ActivateItemOnSingleClick ? 1
+                                                                 : QProxyStyle::styleHint(hint, option, widget, data);
+        }
+    } style;
+    Rows rows;
+    for (const char* text : {"one", "two"}) rows.append({text, {}});
+    TableView view(new TableModel(rows, listLook()));
+    view.setStyle(&style);
+    view.show();
+    int opened = 0;
+    QObject::connect(&view, &TableView::rowOpened, &view, [&opened] { ++opened; });
+    const QPoint second = view.visualRect(view.model()->index(1, 0)).center();
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_TRUE(opened == 0 && rows.current() == 2);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_EQ(opened, 1);
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(opened, 2);
 }
 
 double luminance(const QColor& colour) {

@@ -53,6 +53,8 @@ QString shown(std::string_view bytes) {
     return text;
 }
 
+QString shownTitle(std::string_view bytes) { return shown(bytes).replace("[*]", "[*][*]"); }
+
 std::string textBytes(const QString& text) {
     std::string bytes;
     for (const char32_t character : text.toUcs4()) bytes += byteOf(character);

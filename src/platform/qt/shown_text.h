@@ -12,6 +12,9 @@ namespace gatehouse {
 /// What is shown of a text. Bytes that are valid UTF-8 beyond ASCII, such as a folder's name, are shown as that.
 QString shown(std::string_view bytes);
 
+/// The same for the title of a window, where the toolkit takes "[*]" for a mark of its own.
+QString shownTitle(std::string_view bytes);
+
 /// A text as bytes of Windows-1252. Characters that it doesn't have become "?".
 std::string textBytes(const QString& text);
 

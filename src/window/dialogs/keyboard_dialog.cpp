@@ -41,7 +41,7 @@ KeyboardDialog::KeyboardDialog(KeyRules& rules, QWidget* parent)
 }
 
 void KeyboardDialog::comeUp() {
-    setWindowTitle(shown(rules_.caption));
+    setWindowTitle(shownTitle(rules_.caption));
     board_->showKeysInUse(rules_.inUse);
     ensurePolished();
     const QSize around = QSize(2 * kEdge, sizeHint().height() - room_->sizeHint().height()) + kSlack;

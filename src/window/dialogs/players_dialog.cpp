@@ -36,7 +36,7 @@ TableView* makePlayerList(PlayerTable& playerlist) {
 
 PlayersDialog::PlayersDialog(PlayersForm& form, QWidget* parent)
     : FormDialog("q3players", form.q3players, parent), form_(form) {
-    follow(this, form.caption, [this](const std::string& caption) { setWindowTitle(shown(caption)); });
+    follow(this, form.caption, [this](const std::string& caption) { setWindowTitle(shownTitle(caption)); });
 
     auto* close = new QPushButton(tr("&Close"), this);
     close->setObjectName("plistclose");

@@ -85,7 +85,7 @@ TabReset::TabReset(TabResetParts parts)
             {"servers", "Servers", [this] { clearServers(); }, {}},
             {"maps", "Maps", [this] { clearMaps(); }, {}},
             {"player", "Player", [this] { selectFirstModel(); }, playerValues(parts_.doc)},
-            {"keys", {}, [this] { parts_.keys.ResetKeyBindings(); }, {}},
+            {"keys", {}, [this] { clearKeys(); }, {}},
             {"video", "Video", {}, videoValues(parts_.doc)},
             {"tweak1", "Tweak 1", {}, tweak1Values(parts_.doc)},
             {"tweak2", "Tweak 2", {}, tweak2Values(parts_.doc)}} {}
@@ -134,8 +134,14 @@ void TabReset::clearServers() {
     parts_.run.ServerListChanged = true;
 }
 
+void TabReset::clearKeys() {
+    parts_.keys.ResetKeyBindings();
+    parts_.run.ConfigChanged = true;
+}
+
 void TabReset::clearMaps() {
     parts_.doc.maplist.clear();
+    parts_.run.ConfigChanged = true;
     parts_.flags.mtool1.setAll(false);
     const std::int16_t mode = parts_.run.CurrentMode.get();
     if (mode == kListen || mode == kDedicated) parts_.flags.SetRunEnabled(false);

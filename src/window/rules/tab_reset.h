@@ -67,6 +67,7 @@ private:
 
     void resetTab(const Tab& tab);
     void clearServers();
+    void clearKeys();
     void clearMaps();
     void selectFirstModel();
 

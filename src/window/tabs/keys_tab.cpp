@@ -32,7 +32,7 @@ QWidget* makeKeysTab(SettingsDocument& doc, KeyRules& rules) {
     view->setAccessibleName(QObject::tr("Keys"));
     view->setRootIsDecorated(false);
     view->setColumnLetters({kActionLetters});
-    QObject::connect(view, &QAbstractItemView::activated, view, [&rules] { rules.bindlist_DblClick(); });
+    QObject::connect(view, &TableView::rowOpened, view, [&rules] { rules.bindlist_DblClick(); });
 
     auto* choose = new QPushButton(icon("keys"), QObject::tr("&Choose Key..."));
     choose->setObjectName("choosekey");

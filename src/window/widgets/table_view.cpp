@@ -1,6 +1,7 @@
 #include "window/widgets/table_view.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace gatehouse {
@@ -27,6 +28,7 @@ TableView::TableView(TableModel* model, SelectionMode mode, QWidget* parent) : Q
     connect(model, &QAbstractItemModel::rowsInserted, this, &TableView::showCurrent);
     connect(model, &QAbstractItemModel::modelReset, this, &TableView::showCurrent);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &TableView::takeCurrent);
+    connect(this, &QAbstractItemView::doubleClicked, this, &TableView::rowOpened);
     if (mode == SingleSelection) {
         // A screen reader selects a row without making it the current one.
         connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& selected) {
@@ -108,6 +110,12 @@ int TableView::addedRow(const std::vector<bool>& selected) const {
     for (int position = 1; position <= table.count(); ++position)
         if (selected[static_cast<std::size_t>(position)] && !table.selected(position)) return position;
     return 0;
+}
+
+void TableView::keyPressEvent(QKeyEvent* event) {
+    const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!opens || !currentIndex().isValid()) return QTreeView::keyPressEvent(event);
+    Q_EMIT rowOpened();
 }
 
 void TableView::paintEvent(QPaintEvent* event) {

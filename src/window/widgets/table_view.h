@@ -24,8 +24,12 @@ public:
 Q_SIGNALS:
     /// A person made another row the current one.
     void rowChosen(int position);
+    /// A person double-clicked a row or pressed Return on it. One click is never enough, whatever the desktop's way is
+    /// for files: these commands open dialogs and games.
+    void rowOpened();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -17,6 +17,7 @@ protected:
         desk.doc.maplist.append({"001", "Q3DM1", ""});
         models.loadStandardModels();
         desk.flags.tbservers.setAll(true);
+        desk.run.ConfigChanged = false;
         log.lines.clear();
     }
     fake::DocumentDesk desk;
@@ -37,6 +38,7 @@ TEST_F(TabResetTest, ACurrentTabIsResetAloneAndWithoutAQuestion) {
         reset.chooseReset("current");
     }
     reset.chooseReset("");
+    EXPECT_FALSE(desk.run.ConfigChanged) << "a list of servers is no part of the document";
     EXPECT_EQ(log.lines,
               (std::vector<std::string>{"user chose to reset only the servers tab", "Resetting tab: Servers",
                                         "user chose to reset only the help tab", "user canceled tab reset"}));
@@ -76,7 +78,9 @@ TEST_F(TabResetTest, ClearingTheMapsStopsWhatHostsThem) {
     for (const std::int16_t mode : {kConnect, kListen, kDedicated, kBenchmark}) {
         desk.run.CurrentMode.set(mode);
         desk.flags.SetRunEnabled(true);
+        desk.run.ConfigChanged = false;
         reset.ResetTabs("maps");
+        EXPECT_TRUE(desk.run.ConfigChanged);
         EXPECT_EQ(desk.flags.mfilerun.get(), mode == kConnect || mode == kBenchmark) << mode;
     }
 }
