@@ -9,17 +9,10 @@
 
 namespace gatehouse {
 
-namespace {
-
-/// A file may declare more than it holds, or less: neither number alone is safe to run to.
-std::size_t reachable(std::int16_t declared, std::size_t there) {
-    return declared < 0 ? 0 : std::min(static_cast<std::size_t>(declared), there);
+std::size_t ModEntry::optionCount() const {
+    // A file may declare more than it holds, or less: neither number alone is safe to run to.
+    return cvars < 0 ? 0 : std::min(static_cast<std::size_t>(cvars), options.size());
 }
-
-}  // namespace
-
-std::size_t ModEntry::optionCount() const { return reachable(cvars, options.size()); }
-std::size_t ModEntry::keyCount() const { return reachable(keys, modKeys.size()); }
 
 ModEntry& ModTable::at(int index) { return const_cast<ModEntry&>(std::as_const(*this).at(index)); }
 

@@ -45,7 +45,6 @@ struct ModEntry {
 
     /// Options that are both declared and there: what loops over options runs to.
     std::size_t optionCount() const;
-    std::size_t keyCount() const;
 };
 
 /// The mods that are known, from 1; entry 0 is a blank one.

@@ -64,7 +64,11 @@ std::vector<OutsideValue> Gatehouse::outsideValues() {
     return {{.get = [this] { return Texts{models.mdltree.current() == 0 ? std::string() : models.selectedModel()}; },
              .set = [this](const Texts& path) { selectModel(path.front()); },
              .edits = &models.mdltree.edits},
-            {.get = [this] { return mods.values(); }, .set = [this](const Texts& values) { mods.setValues(values); }}};
+            {.get = [this] { return mods.values(); },
+             .set = [this](const Texts& values) {
+                 mods.setValues(values);
+                 run.ConfigChanged = true;
+             }}};
 }
 
 void Gatehouse::rotationRestored() {

@@ -42,6 +42,12 @@ TEST_F(ModDialogTest, OneWhoTabsThroughSetsEveryOptionAndATypedLetterIsRefused) 
     show({"cvars 4", "checkbox a", "text A & b", "listbox b", "text A & b", "value 1", "listitems x|y", "number c",
           "text A & b", "value 40", "increment 5", "max 100", "textbox d", "text A & b"},
          [this] {
+             // A screen reader ticks a box, then a person does it, and again.
+             QAccessible::queryAccessibleInterface(dialog.focusWidget())
+                 ->actionInterface()
+                 ->doAction(QAccessibleActionInterface::toggleAction());
+             EXPECT_EQ(mods.values().front(), "true");
+             QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
              for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Down, Qt::Key_Up, Qt::Key_B}) {
                  QWidget* editor = dialog.focusWidget();
                  const QString name = QAccessible::queryAccessibleInterface(editor)->text(QAccessible::Name);

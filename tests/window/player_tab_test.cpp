@@ -46,6 +46,9 @@ TEST_F(PlayerTabTest, ButtonsCountWithinTheirBoundsAndNothingIsTyped) {
         for (int i = 0; i < 30; ++i) QTest::keyClick(&spin, Qt::Key_Down);
         EXPECT_EQ(c.field.text(), std::to_string(range.min));
     }
+    program.doc.q3fxcolor.setText("9");
+    QTest::keyClick(&find("q3fxcolor"), Qt::Key_Up);
+    EXPECT_EQ(program.doc.q3fxcolor.text(), "7") << "beyond its bounds, both buttons lead back";
     EXPECT_EQ(program.history.undoName.get(), "FX Colour");
 }
 

@@ -210,7 +210,8 @@ QWidget* ModDialog::makeCheck(const ModField& field) {
     auto* box = new QCheckBox;
     box->setObjectName(elementName("mcheckbox", field));
     box->setChecked(field.checked);
-    connect(box, &QCheckBox::clicked, this, [this, i = field.index](bool on) { rules_.mcheckbox_Click(i, on); });
+    // Not the click: a screen reader ticks a box without one.
+    connect(box, &QCheckBox::toggled, this, [this, i = field.index](bool on) { rules_.mcheckbox_Click(i, on); });
     return box;
 }
 

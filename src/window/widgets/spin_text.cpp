@@ -30,6 +30,11 @@ void SpinText::stepBy(int steps) {
 
 QAbstractSpinBox::StepEnabled SpinText::stepEnabled() const {
     StepEnabled enabled = StepNone;
+    if (step_) {  // what it does with a value out of the range is its own affair
+        if (number() != range_.max) enabled |= StepUpEnabled;
+        if (number() != range_.min) enabled |= StepDownEnabled;
+        return enabled;
+    }
     if (number() < range_.max) enabled |= StepUpEnabled;
     if (number() > range_.min) enabled |= StepDownEnabled;
     return enabled;
