@@ -85,7 +85,11 @@ void ServerLists::LoadServerList(std::string& name) {
     }
     log_.logEvent("File opened OK");
     run_.CurrentServerList = name;
-    readRows(*file);
+    try {
+        readRows(*file);
+    } catch (const FileFailure& failure) {
+        log_.logEvent(failure.what(), true);
+    }
     run_.ServerListChanged = false;
     iplist_.setSortState({.sorted = true, .key = kPingColumn, .descending = false});
     iplist_.sort(serverColumn);
@@ -94,10 +98,13 @@ void ServerLists::LoadServerList(std::string& name) {
 void ServerLists::readRows(TextReader& file) {
     int records = 0;  // lines that look like servers, whether or not they make a row
     std::string line;
-    // A list holds no more rows than a 16-bit count can tell: what stands behind them is left.
-    while (records < kMostRows && file.readLine(line)) {
+    while (file.readLine(line)) {
         const long nameEnd = nameEndOf(line);
         if (nameEnd == 0) continue;
+        if (records == kMostRows) {
+            log_.logEvent("A list holds " + std::to_string(kMostRows) + " servers: the rest of the file is left", true);
+            break;
+        }
         ++records;
         auto entry = parseServer(line, nameEnd);
         if (!entry) continue;
@@ -122,7 +129,13 @@ void ServerLists::SaveServerList(const std::string& name) {
         return;
     }
     log_.logEvent("File created OK");
-    file->finish(text);
+    try {
+        file->finish(text);
+    } catch (const FileFailure& failure) {
+        // The list on disk is still the old one, and the flag says so.
+        log_.logEvent(failure.what(), true);
+        return;
+    }
     log_.logEvent(std::to_string(iplist_.count()) + " servers saved");
     run_.ServerListChanged = false;
 }

@@ -22,7 +22,7 @@ public:
     /// Replaces the rows by those of a file, sorted by ping. A missing file puts "default.ghs" into `name` and is
     /// replaced by that. `name` may be the run's `CurrentServerList` itself.
     void LoadServerList(std::string& name);
-    /// Writes all rows, in the order on show.
+    /// Writes all rows, in the order on show. A failure costs a serious log line; the old file and the flag stay.
     void SaveServerList(const std::string& name);
 
 private:

@@ -198,12 +198,7 @@ Answer ServerCommands::overwriteAnswer() {
 
 void ServerCommands::saveAs(const std::string& name) {
     parts_.store.setOption("lastsvr", name);
-    try {
-        parts_.lists.SaveServerList(name);
-    } catch (const FileFailure& failure) {
-        // The list on disk is still the old one, and the flag says so.
-        parts_.log.logEvent(failure.what(), true);
-    }
+    parts_.lists.SaveServerList(name);
 }
 
 void ServerCommands::iplist_Click() { parts_.flags.tbservers[5].set(parts_.iplist.selectedCount() == 1); }

@@ -51,13 +51,15 @@ ModeRules::ModeRules(RunState& run, CommandFlags& flags, SettingsDocument& docum
       document_(document),
       iplist_(iplist),
       log_(log),
-      loadBenchmarkLists_(std::move(loadBenchmarkLists)) {
+      loadBenchmarkLists_(std::move(loadBenchmarkLists)),
+      servers_(iplist.count()) {
     iplist_.rowInserted.connect([this](int) { serverCountChanged(); });
     iplist_.rowRemoved.connect([this](int) { serverCountChanged(); });
     iplist_.reset.connect([this] { serverCountChanged(); });
 }
 
 void ModeRules::serverCountChanged() {
+    if (iplist_.count() == std::exchange(servers_, iplist_.count())) return;  // another order, the same servers
     if (run_.CurrentMode.get() == kConnect) flags_.SetRunEnabled(!iplist_.empty());
 }
 

@@ -81,6 +81,7 @@ private:
     ServerTable& iplist_;
     Log& log_;
     std::function<void()> loadBenchmarkLists_;
+    int servers_;  ///< how many there were
 };
 
 }  // namespace gatehouse

@@ -99,6 +99,7 @@ TableView* makeServerList(ServerTable& iplist, ServerCommands& commands) {
     showOrder();
     listen(view, iplist.reset, showOrder);
     listen(view, iplist.selectionChanged, [&commands] { commands.iplist_Click(); });
+    QObject::connect(view, &TableView::mouseClicked, view, [&commands] { commands.iplist_Click(); });
     QObject::connect(view, &TableView::rowOpened, view, [&commands] { commands.iplist_DblClick(); });
     listen(view, commands.iplistFocusWanted, [view] { view->setFocus(Qt::OtherFocusReason); });
     follow(view, commands.busy, [view](bool busy) { busy ? view->setCursor(Qt::BusyCursor) : view->unsetCursor(); });

@@ -20,8 +20,7 @@ QToolBar* makeTableTools(const QString& name, const QString& title) {
 QAction* addTableTool(QToolBar& bar, TableView& view, const TableTool& tool) {
     auto* action = new QAction(icon(tool.icon), tool.text, &view);
     action->setObjectName(tool.name);
-    action->setToolTip(tool.key.isEmpty() ? tool.hint
-                                          : tool.hint + " (" + tool.key.toString(QKeySequence::NativeText) + ")");
+    action->setToolTip(tool.hint);
     action->setShortcut(tool.key);
     action->setShortcutContext(Qt::WidgetShortcut);
     bindCommand(*action, tool.flag, tool.command);

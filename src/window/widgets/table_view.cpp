@@ -118,6 +118,11 @@ void TableView::keyPressEvent(QKeyEvent* event) {
     Q_EMIT rowOpened();
 }
 
+void TableView::mouseReleaseEvent(QMouseEvent* event) {
+    QTreeView::mouseReleaseEvent(event);
+    Q_EMIT mouseClicked();
+}
+
 void TableView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
     if (emptyText_.isEmpty() || model()->rowCount() > 0) return;

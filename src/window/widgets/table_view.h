@@ -27,9 +27,12 @@ Q_SIGNALS:
     /// A person double-clicked a row or pressed Return on it. One click is never enough, whatever the desktop's way is
     /// for files: these commands open dialogs and games.
     void rowOpened();
+    /// The mouse was clicked anywhere in the view, whether or not that has changed anything.
+    void mouseClicked();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
