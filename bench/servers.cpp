@@ -1,11 +1,11 @@
 // The server list with a window's table over it, at a tenth of its size and at its full size; then 10 000 queries in a
 // row, and what waiting for a silent server costs.
 
+#include "fake_server.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_udp_socket.h"
 #include "support/core/started_program.h"
-#include "support/platform/fake_server.h"
 #include "window/tabs/table_tabs.h"
 #include "window/widgets/table_view.h"
 

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <functional>
+#include <iterator>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -75,6 +78,41 @@ TEST(Loader, FormsOfTheValues) {
     }
 }
 
+/// "seta cl_run: cl_run" and so on: the fields that the values of a line can change.
+std::string reach(const std::string& kind, std::string_view key) {
+    std::set<std::string> reached;
+    for (const char* value : {"7", "1", "0", "4", "22", "16", "32", "20", "female", "GL_LINEAR_MIPMAP_NEAREST"}) {
+        DocumentDesk desk, before;
+        desk.doc.modcombo.setIndex(0);
+        before.doc.modcombo.setIndex(0);
+        desk.world.dialogs.onShow = [&](const MessageBox& box) { desk.world.dialogs.answer(box.title, Answer::Ok); };
+        try {
+            desk.load({kind + " " + std::string(key) + " \"" + value + "\""});
+        } catch (const DocumentFailure&) {
+            continue;
+        }
+        for (std::size_t group = 0; group < desk.doc.groups().size(); ++group)
+            for (std::size_t i = 0; i < desk.doc.groups()[group]->fields.size(); ++i) {
+                const Field& field = *desk.doc.groups()[group]->fields[i];
+                if (field.valueText() != before.doc.groups()[group]->fields[i]->valueText()) reached.insert(field.name());
+            }
+    }
+    std::string line = kind + " " + std::string(key) + ":";
+    for (const std::string& name : reached) line += " " + name;
+    return line + "\n";
+}
+
+TEST(Loader, EveryLineReachesItsOwnFields) {
+    DocumentDesk desk;
+    const RowTargets targets{desk.doc, desk.flags, desk.host, desk.world.log};
+    std::string lines;
+    for (const DocumentRow& row : setaRows(targets)) lines += reach("seta", row.key);
+    for (const DocumentRow& row : srvrRows(targets)) lines += reach("srvr", row.key);
+    for (const DocumentRow& row : botsRows(targets)) lines += reach("bots", row.key);
+    std::ifstream golden(GATEHOUSE_GOLDEN_DIR "/default/fields.txt");
+    EXPECT_EQ(lines, std::string(std::istreambuf_iterator<char>(golden), {}));
+}
+
 TEST(Loader, WhatIsPassedOverAndWhatIsLogged) {
     DocumentDesk desk;
     const std::vector<std::string> opened = {"Trying to load " + DocumentDesk::kPath, "Opened OK"};
@@ -128,20 +166,6 @@ TEST(Loader, LinesThatCantBeTakenNameFileNumberAndLine) {
         }
         EXPECT_EQ(desk.doc.sensitivity.text(), "3");
     }
-}
-
-TEST(Loader, AMissingFileLeavesTheListsCleared) {
-    DocumentDesk desk;
-    desk.load({"maps q3dm1 \"Arena Gate\"", "bots Sarge \"3Red\""});
-    desk.run.ConfigChanged = true;
-    desk.run.title.set("before");
-    desk.world.log.lines.clear();
-    EXPECT_FALSE(desk.documents.loadConfig("C:\\gh\\gone.ghc"));
-    EXPECT_TRUE(desk.doc.maplist.empty() && desk.doc.q3botlist.empty());
-    EXPECT_TRUE(desk.run.ConfigChanged);
-    EXPECT_EQ(desk.run.title.get(), "before");
-    EXPECT_EQ(desk.world.log.lines,
-              (std::vector<std::string>{"Trying to load C:\\gh\\gone.ghc", "!Could not open C:\\gh\\gone.ghc"}));
 }
 
 TEST(Loader, AfterTheDefaultDocument) {
@@ -199,16 +223,6 @@ TEST(Loader, TheRotationIsOrderedByTheTextOfItsPositions) {
     EXPECT_EQ(desk.doc.maplist.at(103).position, "101");
 }
 
-TEST(Loader, APasswordOfBlanksIsNone) {
-    DocumentDesk desk;
-    for (const auto& [text, use] : {std::pair("  ", 0), {" x ", 1}, {"", 0}}) {
-        desk.load({std::string("seta rconpassword \"") + text + "\""});
-        EXPECT_EQ(desk.doc.q3userconpass.value(), use) << text;
-        EXPECT_EQ(desk.doc.q3rconpass.enabled.get(), use == 1) << text;
-    }
-    EXPECT_EQ(desk.doc.q3rconpass.text(), "");
-}
-
 TEST(Loader, BindingsOfOthersStay) {
     DocumentDesk desk;
     desk.load({"bind X|W \"Move Forward|kw\"", "bind S|S \"Move Back|ks\""});
@@ -230,21 +244,6 @@ TEST(Loader, AModsKeyAndVariables) {
     EXPECT_EQ(desk.doc.bindlist.at(40).label, "SPACE");
     EXPECT_EQ(desk.doc.bindlist.at(40).tag, "");
     EXPECT_NE(desk.save().find("mods key=+Hook \"\"\r\n"), std::string::npos);
-}
-
-TEST(Loader, ModeDecidesWhetherTheGameCanRun) {
-    for (const auto& [mode, servers, canRun] :
-         {std::tuple(0, false, false), {0, true, true}, {1, false, true}, {3, false, true}}) {
-        DocumentDesk desk;
-        desk.host.servers = servers;
-        desk.load({"base cfgtype \"" + std::to_string(mode) + "\""});
-        const int group = mode + 1;
-        EXPECT_EQ(desk.run.CurrentMode.get(), group);
-        for (const auto* flag : {&desk.flags.mfilerun, &desk.flags.btbar[1], &desk.flags.tbservers[2]})
-            EXPECT_EQ(flag->get(), canRun) << mode;
-        EXPECT_FALSE(desk.flags.btbar[2].get() || desk.flags.btbar[3].get());
-        EXPECT_EQ(desk.host.calls, (std::vector<std::string>{"unmark", "group " + std::to_string(group), "mark"}));
-    }
 }
 
 }  // namespace

@@ -121,14 +121,6 @@ TEST(Writer, OrderOfTheLines) {
                                         "bind NOTHING|Unbound \"Off|NOTHING\""}));
 }
 
-TEST(Writer, ListsWithoutAWordForTheirEntryWriteNoLine) {
-    DocumentDesk desk;  // no mod chosen, no list told anything
-    const std::string text = desk.save();
-    for (const std::string key : {"r_texturebits", "r_colorbits", "r_subdivisions", "g_gametype"})
-        EXPECT_EQ(text.find("seta " + key + " "), std::string::npos) << key;
-    EXPECT_NE(text.find("seta r_mode \"-1\"\r\n"), std::string::npos);
-}
-
 TEST(Writer, SavedDocumentLoadsAndSavesToTheSameBytes) {
     DocumentDesk desk;
     desk.documents.writeDefaultConfig();
@@ -170,20 +162,6 @@ TEST(Writer, SavedDocumentLoadsAndSavesToTheSameBytes) {
     EXPECT_EQ(other.doc.modcombo.index(), 1);
     // The check of the depth bits comes back set, whatever was saved.
     EXPECT_EQ(other.save(), first);
-}
-
-TEST(Writer, TitleAndFlagFollowASaveAndTheLogTellsIt) {
-    DocumentDesk desk;
-    desk.run.ConfigChanged = true;
-    desk.run.CurrentConfigPath = "C:\\GH\\Other.GHC";
-    desk.save();
-    EXPECT_FALSE(desk.run.ConfigChanged);
-    EXPECT_EQ(desk.run.title.get(), "c:\\gh\\other.ghc");
-    EXPECT_EQ(desk.world.log.lines.at(1), "File does not exist");
-    EXPECT_EQ(desk.world.log.lines.back(), "File written OK");
-    desk.world.log.lines.clear();
-    desk.save();
-    EXPECT_EQ(desk.world.log.lines.at(1), "Deleted existing file OK");
 }
 
 TEST(Writer, WhatCantBePutIntoLinesLeavesTheOldFile) {

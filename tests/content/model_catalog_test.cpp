@@ -32,12 +32,6 @@ struct ModelCatalogTest : testing::Test {
     int standardNodes = 0;
 };
 
-TEST_F(ModelCatalogTest, AFreshTreeHasTheModelOnShowSelected) {
-    EXPECT_EQ(catalog.selectedModel(), "Sarge\\Default");
-    catalog.mdltree.clear();
-    EXPECT_THROW(catalog.selectedModel(), RuntimeFailure);
-}
-
 TEST_F(ModelCatalogTest, SelectsByPathInAnyCase) {
     struct Case {
         const char* path;
@@ -67,16 +61,6 @@ TEST_F(ModelCatalogTest, UserSkinsGoUnderTheirModels) {
     EXPECT_TRUE(world.log.has("Loaded sarge/X"));
     EXPECT_EQ(world.log.lines.back(), "2 models/ 6 skins parsed OK");
     EXPECT_EQ(catalog.selectedModel(), "Sarge\\Default");
-}
-
-TEST_F(ModelCatalogTest, TakesAnyGarbageAndFindsEachNodeByItsPath) {
-    const std::string bytes = fake::highBytes();
-    const std::string_view pieces[] = {"/", "Sarge", "\\", " ", "//", "Default", bytes};
-    for (unsigned seed = 1; seed <= 50; ++seed) {
-        catalog.loadStandardModels();
-        loadUserModels(fake::garbage(seed, pieces));
-        for (int i = 1; i <= catalog.mdltree.count(); ++i) EXPECT_TRUE(catalog.selectModel(catalog.fullPath(i)));
-    }
 }
 
 }  // namespace

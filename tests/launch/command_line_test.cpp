@@ -17,31 +17,6 @@ protected:
     CommandLine line{run, doc, mods, world.log};
 };
 
-TEST_F(CommandLineTest, ServerOptionsDependOnModeAndFields) {
-    const std::string tail = " +set net_port 27960 +set fs_game baseq3 +exec gatehouse.cfg";
-    struct Case {
-        Mode mode;
-        std::int16_t langame;
-        const char* ip;
-        std::string expected;
-    };
-    const Case cases[] = {
-        {kDedicated, 0, "", "quake3.exe  +set dedicated 2 +set com_hunkmegs 56" + tail},
-        {kDedicated, 1, "", "quake3.exe  +set dedicated 1 +set com_hunkmegs 56" + tail},
-        {kListen, 1, "   ", "quake3.exe  +set com_hunkmegs 56" + tail},
-        {kListen, 0, " 192.0.2.1 ", "quake3.exe  +set com_hunkmegs 56 +set net_ip  192.0.2.1 " + tail},
-    };
-    for (const Case& one : cases) {
-        run.CurrentMode.set(one.mode);
-        doc.q3langame.setValue(one.langame);
-        doc.q3serverip.setText(one.ip);
-        line.begin("  ");
-        line.BuildServerCommandLine();
-        EXPECT_EQ(run.LaunchCommand, one.expected);
-        EXPECT_EQ(world.log.lines.back(), "--> cmdline = " + one.expected);
-    }
-}
-
 TEST(FindComspec, TakesTheEnvironmentOrThePlatformsOwn) {
     struct Case {
         int platform;

@@ -97,15 +97,6 @@ TEST_F(AliasTest, PlaceholdersTakeTheChosenKeys) {
     }
 }
 
-TEST_F(AliasTest, OnlyScriptsWithAllKeysAreWritten) {
-    const std::vector<std::string> lines = {"remark", "#def \"A\"", "#key \"x\"", "#key \"y\"", "bind #01 a", "#end",
-                                            "remark", "#def \"B\"", "#key \"x\"", "bind #01 b", "#end",       "remark"};
-    EXPECT_EQ(written(lines, {"ka", " NOTHING ", "kb"}), fake::crlf({"", "// Alias: B", "", "bind b b"}));
-    EXPECT_EQ(written(lines, {"NOTHING", "NOTHING", "NOTHING"}), "");
-    EXPECT_EQ(world.files.content("C:\\q3\\out.cfg"), fake::crlf({"", "// Aliases", "", "exec ghaliases.cfg", ""}));
-    EXPECT_THROW(written(lines, {"ka", "no such button", "kb"}), RuntimeFailure);
-}
-
 TEST_F(AliasTest, TheWriterTakesKeywordsInAnyCase) {
     bindlist.append({"Loud k", "", "", "kq", BindingKind::Alias});
     put({"#DEF \"Loud\"", "#Key \"k\"", "Bind #01 shout", "#END", "#def \"No keys at the end\""});

@@ -100,13 +100,5 @@ TEST(ModFile, ReachesOnlyWhatIsDeclaredAndThere) {
     }
 }
 
-TEST(ModFile, KeepsAllBytes) {
-    const std::string bytes = fake::highBytes();
-    const auto mod = parse("name " + bytes + "\r\ntextbox " + bytes + "\r\nlistitems " + bytes + "|\r\n");
-    ASSERT_TRUE(mod);
-    EXPECT_EQ(mod->name, bytes);
-    EXPECT_EQ(mod->options[0].listitems, (std::vector<std::string>{bytes, ""}));
-}
-
 }  // namespace
 }  // namespace gatehouse

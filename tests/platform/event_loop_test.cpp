@@ -60,35 +60,6 @@ TEST_F(EventLoopTest, NestedWaitsEndFromTheInside) {
     EXPECT_EQ(order, "[].");
 }
 
-TEST_F(EventLoopTest, AFailureOfAHandlerComesOutOfTheInnermostWait) {
-    const auto timer = events.createTimer([] { throw RuntimeFailure("tick"); });
-    timer->setInterval(1);
-    std::string caught;
-    bool done = false;
-    soon([&] {
-        timer->setEnabled(true);
-        try {
-            events.waitUntil([] { return false; }, 0);
-        } catch (const RuntimeFailure& failure) {
-            timer->setEnabled(false);
-            caught = failure.what();
-        }
-        done = true;
-    });
-    EXPECT_NO_THROW(waitFor(done));
-    EXPECT_EQ(caught, "tick");
-}
-
-TEST_F(EventLoopTest, AFailureOutsideOfWaitsComesOutOfRun) {
-    soon([] { throw RuntimeFailure("in the program"); });
-    try {
-        events.run();
-        ADD_FAILURE() << "no failure";
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_STREQ(failure.what(), "in the program");
-    }
-}
-
 TEST_F(EventLoopTest, TheProgramGoesOnWhenSomebodyCanLiveWithTheFailure) {
     soon([&] {
         // Kept while no wait runs, and then taken by the next one.

@@ -13,15 +13,6 @@ namespace {
 
 using testing::ScratchFolder;
 
-TEST(ViewersTest, PrintsThePathWhereNobodySees) {
-    const ScratchFolder scratch;
-    scratch.put("Log 1.txt", "x");
-    ::testing::internal::CaptureStderr();
-    QtViewers(false).viewText(scratch.path("log 1.TXT"));
-    EXPECT_EQ(::testing::internal::GetCapturedStderr(), scratch.native("Log 1.txt") + "\n");
-    EXPECT_THROW(QtViewers(false).viewText(scratch.path("none.txt")), RuntimeFailure);
-}
-
 TEST(ViewersTest, StartsTheDesktopsViewer) {
     const ScratchFolder scratch;
     scratch.put("a $(b).txt", "x");

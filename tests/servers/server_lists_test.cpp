@@ -80,23 +80,6 @@ TEST_F(ServerListsTest, CountsLinesThatLookLikeRecordsAndKeepsThoseThatAre) {
     }
 }
 
-TEST_F(ServerListsTest, SortsByPingAndKeepsTheFirstServerCurrent) {
-    load("a|P|200|||||\r\nb|P|35|||||\r\nc|P|9999|||||\r\nd|P|35|||||\r\n");
-    std::string order;
-    for (int i = 1; i <= iplist.count(); ++i) order += iplist.at(i).Name;
-    EXPECT_EQ(order, "bdac");
-    EXPECT_EQ(iplist.at(iplist.current()).Name, "a");
-}
-
-TEST_F(ServerListsTest, FallsBackToTheDefaultListEvenForTheRunsOwnName) {
-    world.files.put("C:\\gh\\default.ghs", kHeader + "a|P|1|2|3|4|5|6\r\n");
-    run.CurrentServerList = "gone.ghs";
-    lists.LoadServerList(run.CurrentServerList);
-    EXPECT_EQ(run.CurrentServerList, "default.ghs");
-    EXPECT_EQ(iplist.count(), 1);
-    EXPECT_TRUE(world.log.has("!Could not find gone.ghs, loading default.ghs instead"));
-}
-
 TEST_F(ServerListsTest, WithoutAnyFileTheTableIsEmptyAndTheFlagStays) {
     load("a|P|1|2|3|4|5|6\r\n");
     run.ServerListChanged = true;

@@ -131,5 +131,18 @@ TEST_F(EditHistoryTest, StepsAreWhatAPersonDidAndNothingElse) {
     EXPECT_EQ(doc.com_maxfps.text(), frames);
 }
 
+TEST_F(EditHistoryTest, AResetIsOneStepThatCanBeUndone) {
+    editSomething();
+    for (const char* tab : {"server", "maps", "player", "keys", "video", "tweak1", "tweak2"}) {
+        const std::string before = document();
+        program.run.ConfigChanged = false;
+        program.tabReset.ResetTabs(tab);
+        ASSERT_NE(document(), before) << tab;
+        program.meditundo_Click();
+        EXPECT_EQ(document(), before) << tab;
+        EXPECT_TRUE(program.run.ConfigChanged) << tab;
+    }
+}
+
 }  // namespace
 }  // namespace gatehouse

@@ -69,12 +69,5 @@ TEST_F(EventLogTest, ThePurgeKeepsTheNewestLogsAndPassesOverThoseThatResist) {
     EXPECT_NE(q3.q3console.get().find("problem deleting 20000101000000-ERRORLOG.txt"), std::string::npos);
 }
 
-TEST_F(EventLogTest, ADiskThatFillsUpIsTheCallersFailure) {
-    options.q3loglevel.setIndex(2);
-    ASSERT_TRUE(log.purgeAndCreate("5"));
-    world.files.failAtChange = 1;
-    EXPECT_THROW(log.logEvent("line"), RuntimeFailure);
-}
-
 }  // namespace
 }  // namespace gatehouse

@@ -94,20 +94,6 @@ TEST_F(LoadSequenceTest, ADiskThatFillsUpInASaveLeavesARescueCopyEvenOfAnUnchang
     EXPECT_NE(world.files.content("C:\\gh\\rescue.ghc").find("seta sv_hostname \"noname\""), std::string::npos);
 }
 
-TEST_F(LoadSequenceTest, ALogThatCannotBeWrittenIsNoFaultOfTheDocument) {
-    program.StartupDriver();
-    for (int failAt = 1; failAt <= 4; ++failAt) {
-        world.files.failAtChange = failAt;
-        try {
-            program.documents.loadConfig("C:\\gh\\default.ghc");
-            FAIL() << "the fault was not reached";
-        } catch (const RuntimeFailure& failure) {
-            program.handleFatal(failure, false);
-        }
-        EXPECT_TRUE(world.files.fileExists("C:\\gh\\default.ghc")) << failAt;
-    }
-}
-
 TEST_F(LoadSequenceTest, ClosingAllWindowsPutsEverythingBack) {
     Gatehouse fresh(world.services, "C:\\gh");
     program.StartupDriver();

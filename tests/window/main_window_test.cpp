@@ -6,7 +6,9 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QStackedWidget>
@@ -43,16 +45,6 @@ protected:
     Gatehouse program{world.services, "C:\\gh"};
     MainWindow window{program};
 };
-
-TEST_F(MainWindowTest, TheWindowComesUpInTheModeOfTheDocument) {
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(window.windowTitle(), "c:\\gh\\default.ghc");
-    program.run.title.set("c:\\[*]\\<b>x.ghc");
-    EXPECT_EQ(window.windowTitle(), "c:\\[*][*]\\<b>x.ghc");  // the toolkit's way to write one "[*]"
-    EXPECT_TRUE(find<QToolButton>("sbar1").isChecked());
-    EXPECT_EQ(frameOnShow(), "servers");
-    EXPECT_FALSE(program.flags.q3botdel.get());  // the first showing is an activation
-}
 
 TEST_F(MainWindowTest, TheMouseChoosesModesAndTabs) {
     QTest::mouseClick(&find("sbar3"), Qt::LeftButton);
@@ -125,6 +117,40 @@ TEST_F(MainWindowTest, WhatAPersonAddedToTheWindowStays) {
     EXPECT_EQ(window.width(), pixels(5500) + 60);
     program.q3.width.set(50000);
     EXPECT_LE(window.width(), window.screen()->availableSize().width());
+}
+
+TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscape) {
+    for (Observable<bool>* form :
+         {&program.botsRules.q3newbot, &program.modOptions.q3mod, &program.keyRules.q3keyboard, &program.addressForm.q3newip,
+          &program.playersForm.q3players, &program.q3about, &program.tabReset.q3resetprompt, &program.optionsRules.q3options}) {
+        form->set(true);
+        ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }, 1000));
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(form->get() || QApplication::activeModalWidget());
+    }
+}
+
+TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
+    world.dialogs.choose(std::nullopt);
+    find<QAction>("mfilesave").trigger();
+    EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);
+    for (const auto& [entry, form] : {std::pair("mtoolsreset", &program.tabReset.q3resetprompt),
+                                      {"mtoolsoptions", &program.optionsRules.q3options}, {"mhelpabout", &program.q3about}}) {
+        find<QAction>(entry).trigger();
+        EXPECT_TRUE(form->get()) << entry;
+        form->set(false);
+    }
+    QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
+    auto& line = find<QLineEdit>("q3hostname");
+    line.setFocus();
+    QTest::keyClicks(&line, "ab");
+    QTest::keyClick(&line, Qt::Key_Z, Qt::ControlModifier);  // the program's undo, not the line's
+    EXPECT_EQ(line.text() + find<QAction>("meditredo").text(), "noname&Redo Hostname");
+    find<QAction>("meditredo").trigger();
+    EXPECT_EQ(program.doc.q3hostname.text(), "nonameab");
+    program.run.ConfigChanged = false;
+    find<QAction>("mfileexit").trigger();
+    EXPECT_TRUE(world.events.ended);
 }
 
 TEST_F(MainWindowTest, ClosingAsksAndHides) {

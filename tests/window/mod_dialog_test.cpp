@@ -70,7 +70,7 @@ TEST_F(ModDialogTest, HundredsOfOptionsStayOnTheScreen) {
 
 TEST_F(ModDialogTest, ALinkOpensPagesAndLettersOnly) {
     const std::pair<const char*, const char*> cases[] = {
-        {"url www.a.org/b?c", "http://www.a.org/b?c"}, {"url https://a", "https://a"}, {"url file:///etc/passwd", ""},
+        {"url www.a.org/b?c", "http://www.a.org/b?c"}, {"url https://a", "https://a"}, {"url file:///etc/passwd", ""}, {"url ftp://a/x", ""},
         {"email mailto:a@b", "mailto:a@b"}, {"email a@b?attach=/x", "mailto:a@b%3Fattach=/x"}};
     for (const auto& [line, opened] : cases)
         show({line}, [this, isWeb = line[0] == 'u', opened = opened] {

@@ -67,6 +67,16 @@ TEST_F(ModOptionsTest, LaysOutByWhatIsDeclaredAndWhatIsShown) {
     }
 }
 
+TEST_F(ModOptionsTest, TheButtonShowsWhatTheModeNeeds) {
+    choose({"cvars 1", "checkbox a", "client true"});
+    for (const auto& [mode, summary] : {std::pair(kListen, "No Key Bindings and 1 Variables"), {kDedicated, "No Server Variables"}}) {
+        run.CurrentMode.set(mode);
+        world.events.pending.push_back([this] { options.modclose_Click(); });
+        options.modoptions_Click();
+        EXPECT_EQ(options.plan().modkeys, summary);
+    }
+}
+
 TEST_F(ModOptionsTest, StoresWhatIsDoneAndReadsAListBackOneRowAbove) {
     ModEntry& mod = choose({"cvars 5", "checkbox a", "value TRUE ", "listbox b", "value 2.4", "listitems x|y|z",
                             "number c", "value x", "increment 2", "min 9", "max -9", "number d", "value 7",

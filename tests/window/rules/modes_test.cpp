@@ -44,18 +44,17 @@ TEST_F(ModesTest, RunIsOfferedWhereAModeHasWhatItNeeds) {
     EXPECT_THROW(rules.sbar_GroupClick(5), RuntimeFailure);
 }
 
-TEST_F(ModesTest, TheFirstAndTheLastServerSwitchTheRunInConnectModeAlone) {
+TEST_F(ModesTest, EnteringATabPutsItsTableInPlace) {
+    iplist.append({});
+    int asked = 0;
+    rules.focusWanted.connect([&](Frame frame) { asked += frame == kServersFrame; });
     rules.sbar_GroupClick(kConnect);
-    iplist.append({});
-    EXPECT_TRUE(flags.mfilerun.get());
-    iplist.remove(1);
-    EXPECT_FALSE(flags.mfilerun.get());
-    iplist.append({});
-    iplist.clear();
-    EXPECT_FALSE(flags.mfilerun.get());
+    EXPECT_TRUE(asked == 1 && iplist.selected(1));
+    document.maplist.append({});
     rules.sbar_GroupClick(kListen);
-    iplist.append({});
-    EXPECT_FALSE(flags.mfilerun.get());
+    EXPECT_FALSE(flags.mtool1[1].get() || flags.mtool1[2].get());
+    rules.sbar_ListItemClick(3);
+    EXPECT_TRUE(flags.mtool1[1].get() && flags.mtool1[2].get());
 }
 
 }  // namespace

@@ -29,23 +29,6 @@ protected:
     OptionsRules& rules = program.optionsRules;
 };
 
-TEST_F(OptionsRulesTest, TheFolderIsCompletedTestedAndStored) {
-    world.files.addFolder("C:\\My Configs");
-    program.options.ghcdir.setText("  C:\\My Configs ");
-    EXPECT_EQ(stored("ghcdir"), "C:\\gh\\");  // not while it is typed
-    EXPECT_TRUE(rules.ghcdir_LostFocus());
-    EXPECT_EQ(program.options.ghcdir.text(), "C:\\My Configs\\");
-    EXPECT_EQ(stored("ghcdir"), "C:\\My Configs\\");
-    EXPECT_TRUE(logged("option change: ghcdir =C:\\My Configs\\"));
-
-    world.dialogs.answer("Path Error", Answer::Ok);
-    program.options.ghcdir.setText("C:\\nowhere");
-    EXPECT_FALSE(rules.ghcdir_LostFocus());
-    EXPECT_EQ(world.dialogs.shown.back().text, "That is not a valid folder path. Please re-enter the path.");
-    EXPECT_EQ(program.options.ghcdir.text(), "C:\\nowhere\\");
-    EXPECT_EQ(stored("ghcdir"), "C:\\My Configs\\");
-}
-
 TEST_F(OptionsRulesTest, AChosenGameIsStoredWithItsFolderAndUsedAtOnce) {
     world.dialogs.choose(std::nullopt);
     rules.q3GetFile_Click();

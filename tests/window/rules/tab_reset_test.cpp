@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <set>
 
 namespace gatehouse {
@@ -71,6 +73,11 @@ TEST_F(TabResetTest, AllTabsAreResetOnceTheUserAgrees) {
         for (const Field* field : group->fields)
             if (field->valueText() == "99") kept.insert(field->name());
     }
+    std::string values;
+    for (FieldGroup* group : doc.groups())
+        for (const Field* field : group->fields) values += field->name() + " " + field->valueText() + "\n";
+    std::ifstream golden(GATEHOUSE_GOLDEN_DIR "/default/reset.txt");
+    EXPECT_EQ(values, std::string(std::istreambuf_iterator<char>(golden), {}));
     EXPECT_EQ(kept, (std::set<std::string>{"q3randnum", "q3randskill", "sv_maxping", "sv_minping"}));
 }
 

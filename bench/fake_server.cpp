@@ -1,4 +1,4 @@
-#include "support/platform/fake_server.h"
+#include "fake_server.h"
 
 #include <QTimer>
 
