@@ -16,12 +16,12 @@ int discoverMods(const SampleGame& sample) {
     fake::World world;
     QtFiles files(sample.root / "cache");
     ZipArchives archives;
-    RunState run;
+    RunState& run = world.run;
     run.AppDir = toProgramPath(sample.home().string()) + "\\";
     run.GameDir = toProgramPath(sample.game().string()) + "\\";
-    OptionStore store(world.settings, world.log);
+    const Ground ground{files, world.dialogs, world.events, world.log, world.store, run, world.flags};
     ModTable mods;
-    ModDiscovery discovery(files, archives, world.log, world.events, store, run, mods);
+    ModDiscovery discovery(ground, archives, mods);
     discovery.scanForMods();
     return mods.modCount();
 }

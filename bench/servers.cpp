@@ -54,24 +54,24 @@ std::vector<std::pair<const char*, double>> timeList(int rows) {
     Gatehouse program(world.services, "C:\\gh");
     program.StartupDriver();
     const std::unique_ptr<QWidget> tab(
-        makeServersTab(program.iplist, program.serverCommands, program.statusQuery, program.flags));
+        makeServersTab(program.servers.iplist, program.servers.commands, program.servers.query, program.flags));
     tab->resize(900, 600);
     tab->show();
     auto* view = tab->findChild<TableView*>();
     std::string name = "many.ghs";
     std::vector<std::pair<const char*, double>> times;
     const auto add = [&times](const char* step, auto&& work) { times.emplace_back(step, milliseconds(work)); };
-    add("load", [&] { program.serverLists.LoadServerList(name); });
-    add("sort by name", [&] { program.serverCommands.iplist_ColumnClick(0); });
-    add("sort the other way", [&] { program.serverCommands.iplist_ColumnClick(0); });
+    add("load", [&] { program.servers.lists.LoadServerList(name); });
+    add("sort by name", [&] { program.servers.commands.iplist_ColumnClick(0); });
+    add("sort the other way", [&] { program.servers.commands.iplist_ColumnClick(0); });
     add("select all", [&] { view->selectAll(); });
-    add("sort with all selected", [&] { program.serverCommands.iplist_ColumnClick(0); });
-    add("save", [&] { program.serverLists.SaveServerList(name); });
-    program.iplist.selectWhere([](int position) { return position <= 1000; });
+    add("sort with all selected", [&] { program.servers.commands.iplist_ColumnClick(0); });
+    add("save", [&] { program.servers.lists.SaveServerList(name); });
+    program.servers.iplist.selectWhere([](int position) { return position <= 1000; });
     QCoreApplication::processEvents();
-    add("delete 1000", [&] { program.serverCommands.tbservers_ButtonClick("Delete"); });
+    add("delete 1000", [&] { program.servers.commands.tbservers_ButtonClick("Delete"); });
     view->selectAll();
-    add("delete all", [&] { program.serverCommands.tbservers_ButtonClick("Delete"); });
+    add("delete all", [&] { program.servers.commands.tbservers_ButtonClick("Delete"); });
     return times;
 }
 
@@ -120,14 +120,12 @@ void timeQueries() {
     QtEventLoop events;
     QtUdpSocket socket(events);
     QtClock clock;
-    CommandFlags flags;
     FieldGroup group{"options"};
     TextField q3pingwait{group, {.name = "q3pingwait"}, "3"};
     ModTable mods;
     ServerTable iplist;
-    bool changed = false;
-    StatusQuery query{
-        {socket, events, clock, world.files, world.dialogs, log, flags, iplist, mods, q3pingwait, changed}};
+    const Ground ground{world.files, world.dialogs, events, log, world.store, world.run, world.flags};
+    StatusQuery query{{ground, socket, clock, iplist, mods, q3pingwait}};
     iplist.append(newServer(server.address(), ""));
     iplist.select(1);
     const std::string reply = fake::statusReply(

@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 /// Milliseconds until the tab is painted.
 double show(gatehouse::Gatehouse& program, std::int16_t item) {
     const auto start = Clock::now();
-    program.modes.sbar_ListItemClick(item);
+    program.rules.modes.sbar_ListItemClick(item);
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
     gatehouse::Gatehouse program(world.services, "C:\\gh");
     program.StartupDriver();
     gatehouse::MainWindow window(program);
-    program.modes.sbar_GroupClick(gatehouse::kListen);
+    program.rules.modes.sbar_GroupClick(gatehouse::kListen);
     QCoreApplication::processEvents();
 
     constexpr int kRounds = 50;

@@ -37,9 +37,9 @@ struct Desk {
     bool wroteScripts() const { return !world.files.content(kScripts).empty(); }
 
     fake::World world;
-    RunState run;
+    RunState& run = world.run;
     BindingTable bindlist;
-    AliasBook aliases{world.files, world.log, run, bindlist};
+    AliasBook aliases{world.ground, bindlist};
 };
 
 }  // namespace

@@ -55,16 +55,15 @@ struct ServerDesk {
     }
 
     fake::World world;
-    RunState run;
-    CommandFlags flags;
+    RunState& run = world.run;
+    CommandFlags& flags = world.flags;
     ModTable mods;
     FieldGroup group{"options"};
     TextField ghcdir{group, {.name = "ghcdir"}};
     TextField q3pingwait{group, {.name = "q3pingwait"}, "3"};
     ServerTable iplist;
-    ServerLists lists{world.files, world.log, run, flags, ghcdir, iplist};
-    StatusQuery query{{world.socket, world.events, world.clock, world.files, world.dialogs, world.log, flags, iplist,
-                       mods, q3pingwait, run.ServerListChanged}};
+    ServerLists lists{world.ground, ghcdir, iplist};
+    StatusQuery query{{world.ground, world.socket, world.clock, iplist, mods, q3pingwait}};
 };
 
 inline bool isOneLine(const std::string& text) {

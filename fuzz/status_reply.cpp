@@ -78,7 +78,7 @@ void requirePlayers(const std::string& reply) {
 
 void askForPlayers(const std::string& reply) {
     Desk desk(1);
-    PlayersForm form(desk.iplist, desk.world.events, desk.world.log);
+    PlayersForm form(desk.world.ground, desk.iplist);
     int shown = 0;
     desk.query.showPlayers = [&] {
         desk.world.events.pending.push_back([&] {

@@ -29,8 +29,8 @@ struct Desk {
     }
 
     fake::World world;
-    RunState run;
-    MapCatalog catalog{world.files, world.log, run};
+    RunState& run = world.run;
+    MapCatalog catalog{world.ground};
 };
 
 }  // namespace

@@ -87,17 +87,17 @@ int main(int argc, char** argv) {
     std::optional<SplashWindow> splash;
     if (interactive) {
         QApplication::setWindowIcon(icon("gatehouse"));
-        splash.emplace(program.splash, program.run);
+        splash.emplace(program.startup.splash, program.run);
     }
     // A run-and-leave never sees the main window: it is made when it is first wanted.
     std::unique_ptr<MainWindow> mainWindow;
-    program.q3.visible.changed.connect([&] {
+    program.startup.q3.visible.changed.connect([&] {
         if (!mainWindow) mainWindow = std::make_unique<MainWindow>(program);
     });
 
     try {
         program.StartupDriver();
-        if (program.q3.visible.get()) events.run();
+        if (program.startup.q3.visible.get()) events.run();
     } catch (const Shutdown&) {
         // The main window has unloaded inside a wait.
     } catch (const std::exception& failure) {

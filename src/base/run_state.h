@@ -32,6 +32,13 @@ struct RunState {
     std::string LaunchCommand;
     /// Title of the main window: the document's path, in lower case, once one is loaded.
     Observable<std::string> title{std::string("Gatehouse: ")};
+
+    /// Puts mode, title and the document's changed flag back to what they were before any document.
+    void restoreDesign() {
+        CurrentMode.set(kConnect);
+        title.set("Gatehouse: ");
+        ConfigChanged = false;
+    }
 };
 
 }  // namespace gatehouse

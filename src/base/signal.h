@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -67,6 +68,24 @@ public:
 
 private:
     std::function<void()> off_;
+};
+
+/// The listeners of one owner: they are taken off when it goes.
+class Connections {
+public:
+    /// `slot` takes what the signal tells, or nothing.
+    template <class... Args, class Slot>
+    void on(Signal<Args...>& signal, Slot slot) {
+        all_.emplace_back(signal, std::function<void(Args...)>([slot = std::move(slot)](Args... args) mutable {
+                              if constexpr (std::is_invocable_v<Slot&, Args...>)
+                                  slot(args...);
+                              else
+                                  slot();
+                          }));
+    }
+
+private:
+    std::vector<Connection> all_;
 };
 
 }  // namespace gatehouse

@@ -111,15 +111,12 @@ private:
     Rows known_;
 };
 
-EditHistory::EditHistory(SettingsDocument& doc, RunState& run, Log& log, std::vector<OutsideValue> outside,
-                         std::function<void()> rotationRestored)
-    : run_(run), log_(log) {
+EditHistory::EditHistory(const Ground& ground, SettingsDocument& doc) : run_(ground.run), log_(ground.log) {
     for (FieldGroup* group : doc.groups())
         for (Field* field : group->fields) addField(*field);
-    for (OutsideValue& value : outside) addOutside(std::move(value));
-    addTable(doc.maplist, std::move(rotationRestored));
-    addTable(doc.q3botlist, [] {});
-    addTable(doc.bindlist, [] {});
+    addTable(doc.maplist, [this] { rotationRestored.emit(); });
+    addTable(doc.q3botlist);
+    addTable(doc.bindlist);
     followEdits(doc.edits);
 }
 
@@ -134,7 +131,7 @@ void EditHistory::addField(Field& field) {
     // What is typed comes letter by letter, and a slider step by step.
     const bool gradual = field.kind() == Field::Kind::Text || field.kind() == Field::Kind::Slider;
     followEdits(field.edits, gradual);
-    connections_.emplace_back(field.left, std::function<void()>([this] { joins_ = false; }));
+    follow_.on(field.left, [this] { joins_ = false; });
 }
 
 void EditHistory::addOutside(OutsideValue value) {
@@ -164,15 +161,13 @@ void EditHistory::addTable(Table<Row>& table, std::function<void()> restored) {
 
 template <class... Args>
 void EditHistory::markOn(Signal<Args...>& signal, Slot& slot) {
-    connections_.emplace_back(signal, std::function<void(Args...)>([&slot](Args...) { slot.dirty = true; }));
+    follow_.on(signal, [&slot] { slot.dirty = true; });
 }
 
 void EditHistory::followEdits(Edits& edits, bool gradual) {
-    connections_.emplace_back(edits.begins,
-                              std::function<void(const std::string&)>([this, &edits, gradual](const std::string& name) {
-                                  begin(gradual ? &edits : nullptr, name);
-                              }));
-    connections_.emplace_back(edits.ends, std::function<void()>([this] { end(); }));
+    follow_.on(edits.begins,
+               [this, &edits, gradual](const std::string& name) { begin(gradual ? &edits : nullptr, name); });
+    follow_.on(edits.ends, [this] { end(); });
 }
 
 void EditHistory::begin(const Edits* gradual, const std::string& name) {

@@ -6,6 +6,7 @@
 #include "base/run_state.h"
 #include "base/signal.h"
 #include "config/settings_document.h"
+#include "platform/ground.h"
 
 #include <cstddef>
 #include <functional>
@@ -28,9 +29,8 @@ struct OutsideValue {
 /// never a step.
 class EditHistory {
 public:
-    /// Follows the document from here on. `rotationRestored` is called after a step that has changed the rotation.
-    EditHistory(SettingsDocument& doc, RunState& run, Log& log, std::vector<OutsideValue> outside,
-                std::function<void()> rotationRestored);
+    /// Follows the document from here on.
+    EditHistory(const Ground& ground, SettingsDocument& doc);
     EditHistory(const EditHistory&) = delete;
     EditHistory& operator=(const EditHistory&) = delete;
     ~EditHistory();
@@ -41,6 +41,11 @@ public:
     Observable<bool> canUndo{false};
     Observable<bool> canRedo{false};
 
+    /// An undo or a redo has changed the rotation.
+    Signal<> rotationRestored;
+
+    /// Follows a value of another room too. To be called before the first edit.
+    void addOutside(OutsideValue value);
     void undo();
     void redo();
     /// What is there now is the start of a new history.
@@ -59,8 +64,8 @@ private:
 
     void addField(Field& field);
     template <class Row>
-    void addTable(Table<Row>& table, std::function<void()> restored);
-    void addOutside(OutsideValue value);
+    void addTable(
+        Table<Row>& table, std::function<void()> restored = [] {});
     void followEdits(Edits& edits, bool gradual = false);
     template <class... Args>
     void markOn(Signal<Args...>& signal, Slot& slot);
@@ -76,7 +81,7 @@ private:
     RunState& run_;
     Log& log_;
     std::vector<std::unique_ptr<Slot>> slots_;
-    std::vector<Connection> connections_;
+    Connections follow_;
     std::vector<Step> steps_;
     std::size_t done_ = 0;  ///< steps that have not been undone
     std::string name_;      ///< of the edit under way

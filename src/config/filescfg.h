@@ -3,6 +3,7 @@
 #include "base/command_flags.h"
 #include "base/field.h"
 #include "base/log.h"
+#include "base/options.h"
 #include "base/run_state.h"
 #include "base/runtime_failure.h"
 #include "config/document_host.h"
@@ -10,7 +11,7 @@
 #include "config/settings_document.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
-#include "startup/option_store.h"
+#include "platform/ground.h"
 
 #include <string>
 #include <string_view>
@@ -37,14 +38,8 @@ private:
 };
 
 /// What the documents are made from and what they act on. All of it outlives them.
-struct DocumentParts {
-    Files& files;
-    Dialogs& dialogs;
-    Log& log;
-    OptionStore& options;
-    RunState& run;
+struct DocumentParts : Ground {
     SettingsDocument& doc;
-    CommandFlags& flags;
     DocumentHost& host;
     const TextField& ghcdir;
     const ListField& q3overwrite;

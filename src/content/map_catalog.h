@@ -3,6 +3,7 @@
 #include "base/log.h"
 #include "base/table.h"
 #include "config/rotation.h"
+#include "platform/ground.h"
 
 #include <cstdint>
 #include <string>
@@ -29,7 +30,7 @@ using MapTree = Table<MapEntry>;
 /// The catalog of maps: the tree `maptree`, the standard maps and the file `usermaps.txt`.
 class MapCatalog {
 public:
-    MapCatalog(Files& files, Log& log, const RunState& run) : files_(files), log_(log), run_(run) {}
+    explicit MapCatalog(const Ground& ground) : files_(ground.files), log_(ground.log), run_(ground.run) {}
 
     MapTree maptree;
 

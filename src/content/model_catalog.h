@@ -2,6 +2,7 @@
 
 #include "base/log.h"
 #include "base/table.h"
+#include "platform/ground.h"
 
 #include <string>
 
@@ -22,7 +23,7 @@ using ModelTree = Table<ModelEntry>;
 /// The catalog of models and skins: the tree `mdltree`, the standard models and the file `usermdls.txt`.
 class ModelCatalog {
 public:
-    ModelCatalog(Files& files, Log& log, const RunState& run) : files_(files), log_(log), run_(run) {}
+    explicit ModelCatalog(const Ground& ground) : files_(ground.files), log_(ground.log), run_(ground.run) {}
 
     /// The current row is the selected node.
     ModelTree mdltree;

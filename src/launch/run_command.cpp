@@ -17,13 +17,12 @@ enum RunOption { kLaunch = 0, kAsk = 1, kFilesOnly = 2 };
 
 }  // namespace
 
-RunCommand::RunCommand(Parts parts)
-    : with_(std::move(parts)), commandLine_(with_.run, with_.doc, with_.mods, with_.log) {}
+RunCommand::RunCommand(const Parts& parts) : with_(parts), commandLine_(with_.run, with_.doc, with_.mods, with_.log) {}
 
 void RunCommand::mfilerun_Click() {
     try {
         if (with_.run.CurrentMode.get() == kBenchmark) {
-            with_.benchmark();
+            benchmarkWanted.emit();
             return;
         }
         makeConfig();

@@ -3,14 +3,15 @@
 #include "base/field.h"
 #include "base/log.h"
 #include "base/run_state.h"
+#include "base/signal.h"
 #include "launch/command_line.h"
 #include "launch/filesout.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
+#include "platform/ground.h"
 #include "platform/processes.h"
 #include "servers/server_entry.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -20,22 +21,20 @@ namespace gatehouse {
 class RunCommand {
 public:
     /// What the command works with.
-    struct Parts {
-        Files& files;
+    struct Parts : Ground {
         Processes& processes;
-        Dialogs& dialogs;
-        Log& log;
-        RunState& run;
         const SettingsDocument& doc;
         const ModTable& mods;
         const ServerTable& iplist;
         const ListField& q3runoptions;
         const TextField& extracmdline;
         GameConfig& gameConfig;
-        std::function<void()> benchmark;  ///< the loop of the fourth mode
     };
 
-    explicit RunCommand(Parts parts);
+    explicit RunCommand(const Parts& parts);
+
+    /// The fourth mode runs a loop of its own.
+    Signal<> benchmarkWanted;
 
     /// Makes the two launch files of the current mode and, as the user's option tells, starts the game. A failure ends
     /// the command with an error box and sets `RunErrors`; the program lives.

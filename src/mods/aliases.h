@@ -4,6 +4,7 @@
 #include "base/run_state.h"
 #include "config/bindings.h"
 #include "platform/files.h"
+#include "platform/ground.h"
 
 namespace gatehouse {
 
@@ -11,8 +12,8 @@ namespace gatehouse {
 /// are all bound goes into the game.
 class AliasBook {
 public:
-    AliasBook(Files& files, Log& log, const RunState& run, BindingTable& bindlist)
-        : files_(files), log_(log), run_(run), bindlist_(bindlist) {}
+    AliasBook(const Ground& ground, BindingTable& bindlist)
+        : files_(ground.files), log_(ground.log), run_(ground.run), bindlist_(bindlist) {}
 
     /// Adds a row for each key of each script. A missing file costs a log line; a name or label without its two quotes
     /// fails.

@@ -2,12 +2,13 @@
 
 #include "base/log.h"
 #include "base/observable.h"
+#include "base/options.h"
 #include "base/run_state.h"
 #include "mods/mod_table.h"
 #include "platform/archives.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
-#include "startup/option_store.h"
+#include "platform/ground.h"
 
 #include <string>
 
@@ -25,9 +26,14 @@ struct ModScanView {
 /// game code, in an archive or loose.
 class ModDiscovery {
 public:
-    ModDiscovery(Files& files, Archives& archives, Log& log, EventLoop& events, OptionStore& store, RunState& run,
-                 ModTable& mods)
-        : files_(files), archives_(archives), log_(log), events_(events), store_(store), run_(run), mods_(mods) {}
+    ModDiscovery(const Ground& ground, Archives& archives, ModTable& mods)
+        : files_(ground.files),
+          archives_(archives),
+          log_(ground.log),
+          events_(ground.events),
+          store_(ground.options),
+          run_(ground.run),
+          mods_(mods) {}
 
     /// Adds all mods to the table. Fails when the game's folder can't be listed.
     void scanForMods();
@@ -47,7 +53,7 @@ private:
     Archives& archives_;
     Log& log_;
     EventLoop& events_;
-    OptionStore& store_;
+    Options& store_;
     RunState& run_;
     ModTable& mods_;
 };

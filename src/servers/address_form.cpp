@@ -31,8 +31,8 @@ std::optional<HostAndPort> addressIn(std::string_view text) {
     return found;
 }
 
-AddressForm::AddressForm(Clipboard& clipboard, Dialogs& dialogs, EventLoop& events, Log& log, RunState& run)
-    : clipboard_(clipboard), dialogs_(dialogs), events_(events), log_(log), run_(run) {
+AddressForm::AddressForm(const Ground& ground, Clipboard& clipboard)
+    : clipboard_(clipboard), dialogs_(ground.dialogs), events_(ground.events), log_(ground.log), run_(ground.run) {
     // Whoever writes the address, this dialog itself included, makes the list one to be saved.
     ip1.changed.connect([this] { run_.ServerListChanged = true; });
 }

@@ -2,12 +2,13 @@
 
 #include "base/field.h"
 #include "base/log.h"
-#include "base/observable.h"
+#include "base/form.h"
 #include "base/run_state.h"
 #include "base/signal.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
+#include "platform/ground.h"
 
 #include <optional>
 #include <string>
@@ -30,12 +31,12 @@ std::optional<HostAndPort> addressIn(std::string_view text);
 /// their text.
 class AddressForm {
 public:
-    AddressForm(Clipboard& clipboard, Dialogs& dialogs, EventLoop& events, Log& log, RunState& run);
+    AddressForm(const Ground& ground, Clipboard& clipboard);
     AddressForm(const AddressForm&) = delete;
     AddressForm& operator=(const AddressForm&) = delete;
 
     /// Whether the dialog is on show.
-    Observable<bool> q3newip{false};
+    Form q3newip{"q3newip"};
     FieldGroup group{"q3newip"};
     TextField ip1{group, {.name = "ip1", .caption = "IP Address:"}};
     TextField port{group, {.name = "port", .caption = "Port:"}};

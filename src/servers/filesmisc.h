@@ -5,6 +5,7 @@
 #include "base/log.h"
 #include "base/run_state.h"
 #include "platform/files.h"
+#include "platform/ground.h"
 #include "servers/server_entry.h"
 
 #include <string>
@@ -15,9 +16,13 @@ namespace gatehouse {
 /// the log.
 class ServerLists {
 public:
-    ServerLists(Files& files, Log& log, RunState& run, CommandFlags& flags, const TextField& ghcdir,
-                ServerTable& iplist)
-        : files_(files), log_(log), run_(run), flags_(flags), ghcdir_(ghcdir), iplist_(iplist) {}
+    ServerLists(const Ground& ground, const TextField& ghcdir, ServerTable& iplist)
+        : files_(ground.files),
+          log_(ground.log),
+          run_(ground.run),
+          flags_(ground.flags),
+          ghcdir_(ghcdir),
+          iplist_(iplist) {}
 
     /// Replaces the rows by those of a file, sorted by ping. A missing file puts "default.ghs" into `name` and is
     /// replaced by that. `name` may be the run's `CurrentServerList` itself.

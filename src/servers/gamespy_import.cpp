@@ -50,7 +50,7 @@ void StatusQuery::ImportGameSpyList(const std::string& path) {
                                  "\r\nDead Servers: " + std::to_string(dead),
                          .icon = Icon::Information,
                          .safeAnswer = Answer::Ok});
-    parts_.ServerListChanged = true;
+    parts_.run.ServerListChanged = true;
     if (parts_.iplist.empty()) return;
     for (const std::size_t button : {2, 3, 4}) parts_.flags.tbservers[button].set(true);
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "base/form.h"
 #include "base/log.h"
 #include "base/observable.h"
 #include "base/table.h"
 #include "platform/event_loop.h"
+#include "platform/ground.h"
 #include "servers/server_entry.h"
 
 #include <optional>
@@ -39,10 +41,11 @@ std::optional<PlayersOfReply> playersOf(std::string_view reply);
 /// The dialog `q3players`: who plays on the current server.
 class PlayersForm {
 public:
-    PlayersForm(ServerTable& iplist, EventLoop& events, Log& log) : iplist_(iplist), events_(events), log_(log) {}
+    PlayersForm(const Ground& ground, ServerTable& iplist)
+        : iplist_(iplist), events_(ground.events), log_(ground.log) {}
 
     /// Whether the dialog is on show.
-    Observable<bool> q3players{false};
+    Form q3players{"q3players"};
     Observable<std::string> caption{std::string(kDesignCaption)};
     PlayerTable playerlist;
 

@@ -125,13 +125,13 @@ void ServerCommands::Mod() {
     mods.setCurrentMod(0);
     for (int index = 1; index <= mods.modCount(); ++index)
         if (equalNoCase(trim(mods.at(index).dir), wanted)) mods.setCurrentMod(index);
-    if (mods.currentMod() != 0) return parts_.showModOptions();
+    if (mods.currentMod() != 0) return modOptionsWanted.emit();
     parts_.dialogs.show({.title = "Mod Options", .text = "You do not have this mod installed"});
 }
 
 FileDialog ServerCommands::listDialog(std::string_view title, std::string_view filter, std::string_view blankName) {
     std::string& name = parts_.run.CurrentServerList;
-    name = parts_.store.getOption("lastsvr", "default");
+    name = parts_.options.getOption("lastsvr", "default");
     if (trim(name).empty()) name = blankName;
     return {.title = std::string(title),
             .filter = std::string(filter),
@@ -148,7 +148,7 @@ void ServerCommands::Open() {
         if (endsWithNoCase(name, kImportEnding)) return offerImport(*chosen);
         if (parts_.files.fileExists(*chosen)) {
             // From here on the name is enough: the list is looked for in the lists' own folder.
-            parts_.store.setOption("lastsvr", name);
+            parts_.options.setOption("lastsvr", name);
             return parts_.lists.LoadServerList(name);
         }
     } while (anotherFileWanted());
@@ -197,7 +197,7 @@ Answer ServerCommands::overwriteAnswer() {
 }
 
 void ServerCommands::saveAs(const std::string& name) {
-    parts_.store.setOption("lastsvr", name);
+    parts_.options.setOption("lastsvr", name);
     parts_.lists.SaveServerList(name);
 }
 

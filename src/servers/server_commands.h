@@ -4,6 +4,7 @@
 #include "base/field.h"
 #include "base/log.h"
 #include "base/observable.h"
+#include "base/options.h"
 #include "base/run_state.h"
 #include "base/signal.h"
 #include "mods/mod_table.h"
@@ -11,31 +12,22 @@
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
+#include "platform/ground.h"
 #include "servers/address_form.h"
 #include "servers/filesmisc.h"
 #include "servers/players_form.h"
 #include "servers/server_entry.h"
 #include "servers/status_query.h"
-#include "startup/option_store.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace gatehouse {
 
 /// What the commands of the server list act on. All of it outlives them.
-struct ServerCommandParts {
-    Files& files;
-    Dialogs& dialogs;
+struct ServerCommandParts : Ground {
     Clipboard& clipboard;
-    EventLoop& events;
-    Log& log;
-    OptionStore& store;
-    RunState& run;
-    CommandFlags& flags;
     ModTable& mods;
     const TextField& ghcdir;
     ServerTable& iplist;
@@ -43,15 +35,13 @@ struct ServerCommandParts {
     StatusQuery& query;
     AddressForm& addressForm;
     PlayersForm& playersForm;
-    /// Shows the options of the current mod, as those of a client.
-    std::function<void()> showModOptions;
 };
 
 /// The commands of the Servers tab: its tool bar `tbservers` and its table `iplist`. "The selected row" of a command
 /// for one server is the table's current row, also when several are selected.
 class ServerCommands {
 public:
-    explicit ServerCommands(ServerCommandParts parts) : parts_(std::move(parts)) {}
+    explicit ServerCommands(const ServerCommandParts& parts) : parts_(parts) {}
 
     /// The column that clicks on the header remember, from 0.
     std::int16_t SortColumn = kPingColumn;
@@ -59,6 +49,8 @@ public:
     Observable<bool> busy{false};
     /// The table asks for the input focus.
     Signal<> iplistFocusWanted;
+    /// The options of the current mod are to be shown, as those of a client.
+    Signal<> modOptionsWanted;
 
     /// Runs the command of the button with this tag; "scan" has none.
     void tbservers_ButtonClick(std::string_view tag);

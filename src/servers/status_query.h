@@ -3,11 +3,13 @@
 #include "base/command_flags.h"
 #include "base/field.h"
 #include "base/log.h"
+#include "base/run_state.h"
 #include "mods/mod_table.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
+#include "platform/ground.h"
 #include "platform/udp_socket.h"
 #include "servers/server_entry.h"
 
@@ -19,18 +21,12 @@
 namespace gatehouse {
 
 /// What a status query acts on. All of it outlives the query.
-struct StatusQueryParts {
+struct StatusQueryParts : Ground {
     UdpSocket& socket;
-    EventLoop& events;
     Clock& clock;
-    Files& files;
-    Dialogs& dialogs;
-    Log& log;
-    CommandFlags& flags;
     ServerTable& iplist;
     const ModTable& mods;
     const TextField& q3pingwait;
-    bool& ServerListChanged;
 };
 
 /// Asks servers of the game for their status over UDP, one at a time: one datagram out, one in. Idle while `QueryRow`

@@ -19,8 +19,8 @@ std::string gameFolderOf(const std::string& executablePath) {
     return trim(cut(path, 0, static_cast<long>(kGameExecutable.size())));
 }
 
-GameFinder::GameFinder(Files& files, EventLoop& events, Dialogs& dialogs, Log& log, SplashView& splash)
-    : files_(files), events_(events), dialogs_(dialogs), log_(log), splash_(splash) {
+GameFinder::GameFinder(const Ground& ground, SplashView& splash)
+    : files_(ground.files), events_(ground.events), dialogs_(ground.dialogs), log_(ground.log), splash_(splash) {
     ftimer_ = events_.createTimer([this] {
         splash_.files.set(std::to_string(ScanFileCount_));
         events_.yield();

@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
+#include "platform/ground.h"
 #include "startup/views.h"
 
 #include <cstdint>
@@ -24,7 +25,7 @@ std::string gameFolderOf(const std::string& executablePath);
 /// The search for the game, and the first look at its folder.
 class GameFinder {
 public:
-    GameFinder(Files& files, EventLoop& events, Dialogs& dialogs, Log& log, SplashView& splash);
+    GameFinder(const Ground& ground, SplashView& splash);
 
     /// Searches all fixed disks; asks about each copy found. The confirmed path, or an empty text.
     std::string scanHardDisks();

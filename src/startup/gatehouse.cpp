@@ -7,137 +7,95 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 #include <utility>
 
 namespace gatehouse {
 
+namespace {
+
+/// The order in which forms are unloaded, by their names; one that isn't named goes last.
+constexpr std::array<std::string_view, 7> kUnloadOrder = {"q3newbot",      "q3newip",   "q3about",  "q3keyboard",
+                                                          "q3resetprompt", "q3options", "q3players"};
+
+auto unloadPlace(const Form* form) { return std::find(kUnloadOrder.begin(), kUnloadOrder.end(), form->name); }
+
+}  // namespace
+
 Gatehouse::Gatehouse(const Services& services, std::string programFolder)
     : services_(services),
       programFolder_(std::move(programFolder)),
-      log(services.files, services.events, services.clock, run, options, splash, q3),
-      store(services.settings, log),
-      optionKeeper(options, store, log, run),
-      finder(services.files, services.events, services.dialogs, log, splash),
-      maps(services.files, log, run),
-      models(services.files, log, run),
-      aliases(services.files, log, run, doc.bindlist),
-      serverLists(services.files, log, run, flags, options.ghcdir, iplist),
-      addressForm(services.clipboard, services.dialogs, services.events, log, run),
-      playersForm(iplist, services.events, log),
-      statusQuery({services.socket, services.events, services.clock, services.files, services.dialogs, log, flags,
-                   iplist, mods, options.q3pingwait, run.ServerListChanged}),
-      serverCommands({services.files, services.dialogs, services.clipboard, services.events, log, store, run, flags,
-                      mods, options.ghcdir, iplist, serverLists, statusQuery, addressForm, playersForm,
-                      [this] { modOptions.showFor("C"); }}),
-      modDiscovery(services.files, services.archives, log, services.events, store, run, mods),
-      modChoice(mods, doc, run),
-      modOptions(mods, run, doc.edits, services.dialogs, services.events),
-      serverRules(doc, run, services.dialogs),
-      // A benchmark has nothing to run until configs and demos are chosen.
-      modes(run, flags, doc, iplist, log, [this] { flags.SetRunEnabled(false); }),
-      playerRules(doc),
-      botsRules(doc, flags, run, services.events),
-      keyRules(doc.bindlist, run, log, services.events),
-      rotationRules(doc.maplist, maps.maptree, flags, run, log),
-      tabReset({services.dialogs, log, run, flags, doc, iplist, models, keyRules, modes.TabKey,
-                [this](const std::string& path) { selectModel(path); }}),
-      documents(
-          {services.files, services.dialogs, log, store, run, doc, flags, *this, options.ghcdir, options.q3overwrite}),
-      gameConfig({doc, mods, *this, aliases, services.random, log}),
-      launcher({services.files, services.processes, services.dialogs, log, run, doc, mods, iplist, options.q3runoptions,
-                options.extracmdline, gameConfig, [this] { benchmark(); }}),
-      optionsRules({services.files, finder, services.dialogs, services.viewers, log, store, run, options, documents,
-                    [this] { return log.LogPath(); }, [this] { closeAllWindows(); }}),
-      history(doc, run, log, outsideValues(), [this] { rotationRestored(); }) {
-    doc.markChanges(run);
-    statusQuery.showPlayers = [this] { playersForm.showPlayers(); };
-    connections_.emplace_back(documents.loaded, std::function<void()>([this] { history.startAnew(); }));
-    for (Observable<bool>* form : forms()) {
-        connections_.emplace_back(form->changed, std::function<void()>([this, form] {
-                                      if (!form->get() && !closing_) q3_Activate();
-                                  }));
-    }
+      startup(services),
+      config(startup.ground, *this, startup.options.ghcdir, startup.options.q3overwrite),
+      mods(startup.ground, services, config.doc),
+      content(startup.ground, config.doc),
+      servers(startup.ground, services, mods.table, startup.options.ghcdir, startup.options.q3pingwait),
+      launch(startup.ground, services,
+             {config.doc, mods.table, *this, mods.aliases, servers.iplist, startup.options.q3runoptions,
+              startup.options.extracmdline}),
+      benchmark(startup.ground),
+      rules(startup, services, config, mods, content, servers) {
+    tieRooms();
 }
 
-std::vector<OutsideValue> Gatehouse::outsideValues() {
+void Gatehouse::tieRooms() {
     using Texts = std::vector<std::string>;
-    return {{.get = [this] { return Texts{models.mdltree.current() == 0 ? std::string() : models.selectedModel()}; },
-             .set = [this](const Texts& path) { selectModel(path.front()); },
-             .edits = &models.mdltree.edits},
-            {.get = [this] { return mods.values(); },
-             .set = [this](const Texts& values) {
-                 mods.setValues(values);
-                 run.ConfigChanged = true;
-             }}};
+    config.history.addOutside({.get =
+                                   [this] {
+                                       const bool none = content.models.mdltree.current() == 0;
+                                       return Texts{none ? std::string() : content.models.selectedModel()};
+                                   },
+                               .set = [this](const Texts& path) { content.selectModel(path.front()); },
+                               .edits = &content.models.mdltree.edits});
+    config.history.addOutside({.get = [this] { return mods.table.values(); },
+                               .set =
+                                   [this](const Texts& values) {
+                                       mods.table.setValues(values);
+                                       run.ConfigChanged = true;
+                                   }});
+    follow_.on(launch.command.benchmarkWanted, [this] { benchmark.run(); });
+    follow_.on(rules.modes.benchmarkEntered, [this] { benchmark.LoadBenchmarkLists(); });
+    follow_.on(rules.optionsRules.closeWanted, [this] { closeAllWindows(); });
+    for (Form* form : forms())
+        follow_.on(form->changed, [this, form] {
+            if (!form->get() && !closing_) q3_Activate();
+        });
 }
 
-void Gatehouse::rotationRestored() {
-    maps.unmarkAll();
-    maps.markRotation(doc.maplist);
-    rotationRules.rotationRestored();
+std::array<Room*, 8> Gatehouse::rooms() const {
+    auto& self = const_cast<Gatehouse&>(*this);
+    return {&self.startup, &self.config, &self.servers,   &self.content,
+            &self.mods,    &self.launch, &self.benchmark, &self.rules};
 }
 
-std::vector<Observable<bool>*> Gatehouse::forms() {
-    return {&botsRules.q3newbot,     &addressForm.q3newip,   &keyRules.q3keyboard, &tabReset.q3resetprompt,
-            &optionsRules.q3options, &playersForm.q3players, &modOptions.q3mod,    &q3about};
-}
-
-void Gatehouse::selectModel(const std::string& path) {
-    if (!models.selectModel(path)) return;
-    std::string choice = models.selectedModel();
-    std::replace(choice.begin(), choice.end(), '\\', '/');
-    doc.currmodel.setText(choice);
+std::vector<Form*> Gatehouse::forms() const {
+    std::vector<Form*> all;
+    for (const Room* room : rooms()) all.insert(all.end(), room->forms().begin(), room->forms().end());
+    std::stable_sort(all.begin(), all.end(),
+                     [](const Form* a, const Form* b) { return unloadPlace(a) < unloadPlace(b); });
+    return all;
 }
 
 void Gatehouse::mtoolsconsole_Click() {
     run.ShowConsole.set(!run.ShowConsole.get());
-    store.setOption("showconsole", booleanText(run.ShowConsole.get()));
-    q3.height.set(run.ShowConsole.get() ? MainView::kHeightWithConsole : MainView::kHeight);
-}
-
-void Gatehouse::mhelpabout_Click() {
-    log.logEvent("about dialog loaded");
-    q3about.set(true);
-}
-
-void Gatehouse::q3aboutOK_Click() {
-    q3about.set(false);
-    log.logEvent("about dialog closed");
+    startup.store.setOption("showconsole", booleanText(run.ShowConsole.get()));
+    startup.q3.height.set(run.ShowConsole.get() ? MainView::kHeightWithConsole : MainView::kHeight);
 }
 
 void Gatehouse::q3_Activate() {
-    if (doc.q3botlist.empty()) flags.q3botdel.set(false);
-    if (!doc.maplist.empty()) doc.maplist.setCurrent(1);
+    if (config.doc.q3botlist.empty()) flags.q3botdel.set(false);
+    if (!config.doc.maplist.empty()) config.doc.maplist.setCurrent(1);
 }
-
-void Gatehouse::benchmark() { throw RuntimeFailure("Benchmarks can't be run by this version"); }
 
 void Gatehouse::closeAllWindows() {
     if (closing_) return;
     closing_ = true;
-    if (q3.loaded && !unloading_) q3_Unload();
-    for (Observable<bool>* form : forms()) form->set(false);
-    q3.restoreDesign();
-    splash.restoreDesign();
-    optionsRules.restoreDesign();
-    optionKeeper.restoreDesign();
-    doc.restoreDesign();
-    modes.restoreDesign();
-    statusQuery.restoreDesign();
-    addressForm.restoreDesign();
-    playersForm.restoreDesign();
-    serverCommands.restoreDesign();
-    iplist.clear();
-    maps.maptree.clear();
-    models.mdltree.clear();
-    mods.clear();
-    flags.restoreDesign();
-    botsRules.restoreDesign();
-    rotationRules.restoreDesign();
-    history.startAnew();
-    run.CurrentMode.set(kConnect);
-    run.title.set("Gatehouse: ");
-    run.ConfigChanged = false;  // putting the fields back has set it
+    if (startup.q3.loaded && !unloading_) q3_Unload();
+    for (Form* form : forms()) form->set(false);
+    for (Room* room : rooms()) room->restoreDesign();
+    config.history.startAnew();
+    run.restoreDesign();  // last: putting the fields back has marked the document as changed
     if (ready_) services_.events.endWaits();
     closing_ = false;
 }
@@ -146,8 +104,8 @@ void Gatehouse::q3_Unload() {
     if (unloading_) return;
     unloading_ = true;
     log.logEvent("Unloading gatehouse", true);
-    maps.saveUserMaps();
-    store.setOption("showconsole", booleanText(run.ShowConsole.get()));
+    content.maps.saveUserMaps();
+    startup.store.setOption("showconsole", booleanText(run.ShowConsole.get()));
     const auto ask = [this](const std::string& question) {
         return services_.dialogs.show(
                    {.title = "Exit Gatehouse", .text = question, .buttons = Buttons::YesNo, .icon = Icon::Question}) ==
@@ -157,7 +115,7 @@ void Gatehouse::q3_Unload() {
         log.logEvent("Server list has changed", true);
         if (ask("Save changes to server list?")) {
             log.logEvent("User requests server list save.", true);
-            serverLists.SaveServerList(run.CurrentServerList);
+            servers.lists.SaveServerList(run.CurrentServerList);
         } else {
             log.logEvent("User abandons changes", true);
         }
@@ -166,7 +124,7 @@ void Gatehouse::q3_Unload() {
         log.logEvent("Configuration has changed", true);
         if (ask("Save changes to " + run.CurrentConfigPath + "?")) {
             log.logEvent("User requests changes are saved", true);
-            documents.writeConfig(run.CurrentConfigPath);
+            config.documents.writeConfig(run.CurrentConfigPath);
         } else {
             log.logEvent("User abandons config changes", true);
         }
@@ -189,7 +147,7 @@ std::string Gatehouse::handleFatal(const std::exception& failure, bool canShow) 
     if (!document && ready_ && run.ConfigChanged) {
         attempt([&] {
             const std::string rescue = run.AppDir + "rescue.ghc";
-            documents.writeRescue(rescue);
+            config.documents.writeRescue(rescue);
             line += "; what was not saved is in " + rescue;
         });
     }
@@ -199,11 +157,12 @@ std::string Gatehouse::handleFatal(const std::exception& failure, bool canShow) 
 }
 
 void Gatehouse::mendOptions(const DocumentFailure& failure) {
-    const std::string standard = documents.defaultPath();
+    const std::string standard = config.documents.defaultPath();
     const bool isDefault = equalNoCase(failure.path(), standard);
-    if (equalNoCase(failure.path(), store.getOption("lastcfg", standard))) store.setOption("lastcfg", standard);
+    if (equalNoCase(failure.path(), startup.store.getOption("lastcfg", standard)))
+        startup.store.setOption("lastcfg", standard);
     if (!isDefault) return;
-    services_.files.renameFile(standard, trim(options.ghcdir.text()) + "default.bad");
+    services_.files.renameFile(standard, trim(startup.options.ghcdir.text()) + "default.bad");
 }
 
 }  // namespace gatehouse

@@ -1,49 +1,28 @@
 #pragma once
 
-#include "base/command_flags.h"
-#include "base/run_state.h"
-#include "base/table.h"
+#include "base/room.h"
+#include "base/signal.h"
+#include "benchmark/benchmark_room.h"
+#include "config/config_room.h"
 #include "config/document_host.h"
-#include "config/edit_history.h"
-#include "config/filescfg.h"
-#include "config/settings_document.h"
-#include "content/map_catalog.h"
-#include "content/model_catalog.h"
-#include "launch/run_command.h"
-#include "mods/aliases.h"
-#include "mods/mod_choice.h"
-#include "mods/mod_discovery.h"
-#include "mods/mod_table.h"
+#include "content/content_room.h"
+#include "launch/launch_room.h"
+#include "mods/mods_room.h"
 #include "platform/services.h"
-#include "servers/address_form.h"
-#include "servers/filesmisc.h"
-#include "servers/players_form.h"
-#include "servers/server_commands.h"
-#include "servers/server_entry.h"
-#include "servers/status_query.h"
-#include "startup/event_log.h"
-#include "startup/findq3a.h"
-#include "startup/option_store.h"
-#include "startup/options.h"
-#include "startup/views.h"
-#include "window/rules/bots_rules.h"
-#include "window/rules/key_rules.h"
-#include "window/rules/mod_options.h"
-#include "window/rules/modes.h"
-#include "window/rules/options_rules.h"
-#include "window/rules/player_rules.h"
-#include "window/rules/rotation_rules.h"
-#include "window/rules/server_rules.h"
-#include "window/rules/tab_reset.h"
+#include "servers/servers_room.h"
+#include "startup/startup_room.h"
+#include "window/rules/window_room.h"
 
+#include <array>
+#include <cstdint>
 #include <exception>
 #include <string>
 #include <vector>
 
 namespace gatehouse {
 
-/// The whole program but for its windows: the state of one run and all rooms, tied together. Windows bind to the
-/// public values and call the commands.
+/// The whole program but for its windows: its rooms, what ties them together, the load sequence and the end. Windows
+/// bind to the rooms' public values and call their commands.
 class Gatehouse : private DocumentHost {
 public:
     /// `programFolder` is in the program's form, without a backslash at its end.
@@ -59,17 +38,19 @@ public:
     void q3_Activate();
 
     // Commands of the menus and the tool bar.
-    void mfileopen_Click() { documents.mfileopen_Click(); }
-    void mfilesave_Click() { documents.mfilesave_Click(); }
-    void mfilerun_Click() { launcher.mfilerun_Click(); }
+    void mfileopen_Click() { config.documents.mfileopen_Click(); }
+    void mfilesave_Click() { config.documents.mfilesave_Click(); }
+    void mfilerun_Click() { launch.command.mfilerun_Click(); }
     void mfileexit_Click() { q3_Unload(); }
-    void meditundo_Click() { history.undo(); }
-    void meditredo_Click() { history.redo(); }
+    void meditundo_Click() { config.history.undo(); }
+    void meditredo_Click() { config.history.redo(); }
     void mtoolsconsole_Click();
-    void mtoolsreset_Click() { tabReset.mtoolsreset_Click(); }
-    void mhelpabout_Click();
-    void q3aboutOK_Click();
-    void mtoolsoptions_Click() { optionsRules.mtoolsoptions_Click(); }
+    void mtoolsreset_Click() { rules.tabReset.mtoolsreset_Click(); }
+    void mtoolsoptions_Click() { rules.optionsRules.mtoolsoptions_Click(); }
+    void mhelpabout_Click() { rules.mhelpabout_Click(); }
+
+    /// All forms that come up over the main window.
+    std::vector<Form*> forms() const;
 
     /// Exit status of the process: 1 for a named document that can't be opened, and for a run-and-leave whose run failed.
     int exitStatus() const { return noDocument_ || (runAndLeave_ && run.RunErrors) ? 1 : 0; }
@@ -80,49 +61,21 @@ public:
     std::string handleFatal(const std::exception& failure, bool canShow);
 
 private:
-    /// The forms that come up over the main window.
-    std::vector<Observable<bool>*> forms();
-
     const Services& services_;
     std::string programFolder_;
 
 public:
-    RunState run;
-    CommandFlags flags;
-    OptionsForm options;
-    SplashView splash;
-    MainView q3;
-    Observable<bool> q3about{false};  ///< the about box is on show
-    EventLog log;
-    OptionStore store;
-    OptionKeeper optionKeeper;
-    GameFinder finder;
-    SettingsDocument doc;
-    ServerTable iplist;
-    ModTable mods;
-    MapCatalog maps;
-    ModelCatalog models;
-    AliasBook aliases;
-    ServerLists serverLists;
-    AddressForm addressForm;
-    PlayersForm playersForm;
-    StatusQuery statusQuery;
-    ServerCommands serverCommands;
-    ModDiscovery modDiscovery;
-    ModChoice modChoice;
-    ModOptions modOptions;
-    ServerRules serverRules;
-    ModeRules modes;
-    PlayerRules playerRules;
-    BotsRules botsRules;
-    KeyRules keyRules;
-    RotationRules rotationRules;
-    TabReset tabReset;
-    ConfigDocuments documents;
-    GameConfig gameConfig;
-    RunCommand launcher;
-    OptionsRules optionsRules;
-    EditHistory history;
+    StartupRoom startup;
+    RunState& run = startup.run;
+    CommandFlags& flags = startup.flags;
+    Log& log = startup.log;
+    ConfigRoom config;
+    ModsRoom mods;
+    ContentRoom content;
+    ServersRoom servers;
+    LaunchRoom launch;
+    BenchmarkRoom benchmark;
+    WindowRoom rules;
 
 private:
     // Steps of the load sequence.
@@ -139,22 +92,24 @@ private:
     bool loadChosenDocument();
     void showMainWindow();
 
-    void benchmark();
-    std::vector<OutsideValue> outsideValues();
-    void rotationRestored();
+    /// In the order in which they are put back.
+    std::array<Room*, 8> rooms() const;
+    void tieRooms();
     void mendOptions(const DocumentFailure& failure);
 
     // DocumentHost
-    std::string selectedModel() const override { return models.selectedModel(); }
-    void selectModel(const std::string& path) override;
-    std::vector<ModVariable> modVariables() const override { return mods.variables(); }
-    void setModVariable(const std::string& name, const std::string& value) override { mods.setVariable(name, value); }
-    void unmarkRotation() override { maps.unmarkAll(); }
-    void markRotation() override { maps.markRotation(doc.maplist); }
-    bool hasServers() const override { return !iplist.empty(); }
-    void sbar_GroupClick(std::int16_t group) override { modes.sbar_GroupClick(group); }
+    std::string selectedModel() const override { return content.models.selectedModel(); }
+    void selectModel(const std::string& path) override { content.selectModel(path); }
+    std::vector<ModVariable> modVariables() const override { return mods.table.variables(); }
+    void setModVariable(const std::string& name, const std::string& value) override {
+        mods.table.setVariable(name, value);
+    }
+    void unmarkRotation() override { content.maps.unmarkAll(); }
+    void markRotation() override { content.maps.markRotation(config.doc.maplist); }
+    bool hasServers() const override { return !servers.iplist.empty(); }
+    void sbar_GroupClick(std::int16_t group) override { rules.modes.sbar_GroupClick(group); }
 
-    std::vector<Connection> connections_;
+    Connections follow_;
     bool ready_ = false;        ///< the main window was shown
     bool closing_ = false;      ///< inside `closeAllWindows`
     bool unloading_ = false;    ///< inside `q3_Unload`

@@ -24,8 +24,8 @@ enum StartWith { kLastFile, kDefaultFile, kChooseFile };
 }  // namespace
 
 void Gatehouse::StartupDriver() {
-    splash.splashbar.set(0);
-    splash.visible.set(true);
+    startup.splash.splashbar.set(0);
+    startup.splash.visible.set(true);
     services_.events.yield();
     run.LastTick = services_.clock.tickCount();
     run.zoomLevel = 1;
@@ -35,21 +35,21 @@ void Gatehouse::StartupDriver() {
     readOptions();
     placePanels();
     fillInitialValues();
-    aliases.loadAliases();
-    serverLists.LoadServerList(run.CurrentServerList);
+    mods.aliases.loadAliases();
+    servers.lists.LoadServerList(run.CurrentServerList);
     findMods();
-    models.loadUserModels();
+    content.models.loadUserModels();
     chooseDocument();
     if (!loadChosenDocument()) return;
-    maps.markRotation(doc.maplist);
+    content.maps.markRotation(config.doc.maplist);
     try {
-        modes.sbar_GroupClick(run.CurrentMode.get());
+        rules.modes.sbar_GroupClick(run.CurrentMode.get());
     } catch (const RuntimeFailure&) {
         // The one step whose errors are ignored: the window comes up in whatever mode stands.
     }
     if (run.CommandLine.starts_with('r')) {
         runAndLeave_ = true;
-        launcher.mfilerun_Click();
+        launch.command.mfilerun_Click();
         closeAllWindows();
         return;
     }
@@ -77,18 +77,18 @@ void Gatehouse::setProgramPaths() {
     run.VersionString = zeroPadded(GATEHOUSE_VERSION_MAJOR, 2) + "." + zeroPadded(GATEHOUSE_VERSION_MINOR, 2) + "." +
                         zeroPadded(GATEHOUSE_VERSION_REVISION, 2);
     run.AppDir = programFolder_ + "\\";
-    options.ghcdir.setText(run.AppDir);
+    startup.options.ghcdir.setText(run.AppDir);
     run.CommandLine = trim(lower(services_.processes.commandLine()));
 }
 
 void Gatehouse::createLog() {
     std::string keeplogs = "5";
     try {
-        keeplogs = store.getOption("keeplogs", keeplogs);
+        keeplogs = startup.store.getOption("keeplogs", keeplogs);
     } catch (const RuntimeFailure&) {
         // Options that can't be read are reported where all of them are read.
     }
-    if (log.purgeAndCreate(keeplogs)) return;
+    if (startup.log.purgeAndCreate(keeplogs)) return;
     services_.dialogs.show({.title = "Critical Error",
                             .text = "Cannot create the Gatehouse error log.\r\nErrorlog.txt is being used by another "
                                     "program.\r\n\r\nPress OK to exit.",
@@ -99,12 +99,12 @@ void Gatehouse::createLog() {
 void Gatehouse::readOptions() {
     log.logEvent("Querying registry...");
     try {
-        if (store.getOption("exepath", "none") != "none") {
+        if (startup.store.getOption("exepath", "none") != "none") {
             log.logEvent("Hive found. Getting settings.");
             checkVersion();
-            optionKeeper.read();
+            startup.keeper.read();
             log.logEvent("Registry retrieved OK");
-            optionKeeper.keepChanges();
+            startup.keeper.keepChanges();
             return;
         }
     } catch (const RuntimeFailure& failure) {
@@ -114,31 +114,31 @@ void Gatehouse::readOptions() {
                                         "OK, all\r\nregistry settings will be removed, and Gatehouse will\r\nterminate. "
                                         "When you restart, it will run through the\r\nfirst-time setup.",
                                 .icon = Icon::Stop});
-        store.deleteSection();
+        startup.store.deleteSection();
         closeAllWindows();
-        optionKeeper.keepChanges();
+        startup.keeper.keepChanges();
         return;
     }
     firstTimeSetup();
-    optionKeeper.keepChanges();
+    startup.keeper.keepChanges();
 }
 
 void Gatehouse::checkVersion() {
     log.logEvent("->checking gatehouse version (should be " + run.VersionString + ")");
-    const std::string stored = store.getOption("ghversion", "00.00.00");
+    const std::string stored = startup.store.getOption("ghversion", "00.00.00");
     log.logEvent("->last version used is " + stored);
     if (stored == run.VersionString) {
         log.logEvent("->version ok. continuing");
         return;
     }
     log.logEvent("->different version. registry says " + quoted(stored));
-    store.setOption("ghversion", run.VersionString);
+    startup.store.setOption("ghversion", run.VersionString);
 }
 
 void Gatehouse::firstTimeSetup() {
     log.logEvent("No registry info available. Assuming first run.");
     run.FirstRun = true;
-    options.q3FilePath.setText("");
+    startup.options.q3FilePath.setText("");
     const Answer shown = services_.dialogs.show(
         {.title = "Inital Setup",
          .text = "Gatehouse can scan your system for the Quake 3 files,\r\nBut this could take some time.\r\n\r\n"
@@ -147,64 +147,64 @@ void Gatehouse::firstTimeSetup() {
          .icon = Icon::Question,
          .safeAnswer = Answer::Yes});  // nobody wants a disk scanned that nobody watches
     if (shown == Answer::No) {
-        options.q3FilePath.setText(finder.scanHardDisks());
-        if (options.q3FilePath.text().empty())
+        startup.options.q3FilePath.setText(startup.finder.scanHardDisks());
+        if (startup.options.q3FilePath.text().empty())
             services_.dialogs.show({.title = "Initial Setup",
                                     .text = "I could not find Quake 3. You will have\r\nto find it for me."});
     }
-    if (options.q3FilePath.text().empty()) {
-        const auto chosen = finder.chooseGameFile();
+    if (startup.options.q3FilePath.text().empty()) {
+        const auto chosen = startup.finder.chooseGameFile();
         if (!chosen) {
             closeAllWindows();
             return;
         }
-        options.q3FilePath.setText(*chosen);
+        startup.options.q3FilePath.setText(*chosen);
         log.logEvent("User found game:" + *chosen);
     }
-    options.q3startwith.setIndex(0);
-    options.q3runoptions.setIndex(0);
-    options.q3overwrite.setIndex(0);
-    optionKeeper.storeFirstRun(options.q3FilePath.text());
+    startup.options.q3startwith.setIndex(0);
+    startup.options.q3runoptions.setIndex(0);
+    startup.options.q3overwrite.setIndex(0);
+    startup.keeper.storeFirstRun(startup.options.q3FilePath.text());
     log.logEvent("Registry setup OK");
-    documents.writeDefaultConfig();
-    finder.backupGameConfig(run.GameDir);
+    config.documents.writeDefaultConfig();
+    startup.finder.backupGameConfig(run.GameDir);
 }
 
-void Gatehouse::placePanels() { q3.loaded = true; }
+void Gatehouse::placePanels() { startup.q3.loaded = true; }
 
 void Gatehouse::fillInitialValues() {
     log.logEvent("Loading initial Values");
     log.logEvent("Tabs & Frames OK");
-    fillBindings(doc.bindlist);
-    doc.q3rate.setText("4000");
-    models.loadStandardModels();
+    fillBindings(config.doc.bindlist);
+    config.doc.q3rate.setText("4000");
+    content.models.loadStandardModels();
     log.logEvent("Game Lists OK");
-    maps.loadStandardMaps();
+    content.maps.loadStandardMaps();
 }
 
 void Gatehouse::findMods() {
-    modDiscovery.scanForMods();
-    modChoice.fillModcombo(services_.files);
-    maps.loadUserMaps();
+    mods.discovery.scanForMods();
+    mods.choice.fillModcombo(services_.files);
+    content.maps.loadUserMaps();
 }
 
 void Gatehouse::chooseDocument() {
     if (!run.CommandLine.empty()) {
         run.CurrentConfigPath = cut(run.CommandLine, 2, 0);
-        if (!services_.files.fileExists(run.CurrentConfigPath)) run.CurrentConfigPath = documents.defaultPath();
+        if (!services_.files.fileExists(run.CurrentConfigPath)) run.CurrentConfigPath = config.documents.defaultPath();
         return;
     }
-    run.CurrentConfigPath = store.getOption("lastcfg", documents.defaultPath());
-    const int startWith = options.q3startwith.index();
-    if (startWith == kDefaultFile || startWith == kChooseFile) run.CurrentConfigPath = documents.defaultPath();
-    if (startWith == kChooseFile) documents.mfileopen_Click();
-    if (run.CurrentConfigPath.empty()) run.CurrentConfigPath = documents.defaultPath();
+    run.CurrentConfigPath = startup.store.getOption("lastcfg", config.documents.defaultPath());
+    const int startWith = startup.options.q3startwith.index();
+    if (startWith == kDefaultFile || startWith == kChooseFile) run.CurrentConfigPath = config.documents.defaultPath();
+    if (startWith == kChooseFile) config.documents.mfileopen_Click();
+    if (run.CurrentConfigPath.empty()) run.CurrentConfigPath = config.documents.defaultPath();
 }
 
 bool Gatehouse::loadChosenDocument() {
-    if (documents.loadConfig(run.CurrentConfigPath)) return true;
+    if (config.documents.loadConfig(run.CurrentConfigPath)) return true;
     if (!run.CommandLine.empty()) {
-        if (documents.loadConfig(run.CurrentConfigPath)) return true;
+        if (config.documents.loadConfig(run.CurrentConfigPath)) return true;
         services_.dialogs.show({.title = "Critical Error",
                                 .text = "Cannot open " + run.CurrentConfigPath + ". Press OK to Exit.",
                                 .icon = Icon::Stop});
@@ -213,26 +213,26 @@ bool Gatehouse::loadChosenDocument() {
         return false;
     }
     log.logEvent("Trying default.ghc", true);
-    store.setOption("lastcfg", std::string(kDefaultDocument));
-    run.CurrentConfigPath = documents.defaultPath();
-    if (documents.loadConfig(run.CurrentConfigPath)) return true;
+    startup.store.setOption("lastcfg", std::string(kDefaultDocument));
+    run.CurrentConfigPath = config.documents.defaultPath();
+    if (config.documents.loadConfig(run.CurrentConfigPath)) return true;
     log.logEvent("No default.ghc available. Writing new default.ghc", true);
-    documents.writeDefaultConfig();
-    documents.loadConfig(run.CurrentConfigPath);
+    config.documents.writeDefaultConfig();
+    config.documents.loadConfig(run.CurrentConfigPath);
     return true;
 }
 
 void Gatehouse::showMainWindow() {
-    q3.width.set(MainView::kWidth);
+    startup.q3.width.set(MainView::kWidth);
     log.logEvent("");
     log.logEvent(run.RunErrors ? "There were errors." : "No errors during startup.");
     log.logEvent("Gatehouse is ready.");
-    splash.splashbar.set(kSplashExtent);
-    q3.height.set(run.ShowConsole.get() ? MainView::kHeightWithConsole : MainView::kHeight);
+    startup.splash.splashbar.set(kSplashExtent);
+    startup.q3.height.set(run.ShowConsole.get() ? MainView::kHeightWithConsole : MainView::kHeight);
     for (int i = 0; i < kYieldsBeforeReady; ++i) services_.events.yield();
     ready_ = true;
-    q3.visible.set(true);
-    splash.visible.set(false);
+    startup.q3.visible.set(true);
+    startup.splash.visible.set(false);
 }
 
 }  // namespace gatehouse

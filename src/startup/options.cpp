@@ -23,7 +23,7 @@ struct OptionKeeper::Row {
     bool storedOnChange = false;
 };
 
-OptionKeeper::OptionKeeper(OptionsForm& form, OptionStore& store, Log& log, RunState& run)
+OptionKeeper::OptionKeeper(OptionsForm& form, Options& store, Log& log, RunState& run)
     : form_(form), store_(store), log_(log), run_(run) {}
 
 std::vector<OptionKeeper::Row> OptionKeeper::rows() const {

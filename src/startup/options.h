@@ -2,8 +2,8 @@
 
 #include "base/field.h"
 #include "base/log.h"
+#include "base/options.h"
 #include "base/run_state.h"
-#include "startup/option_store.h"
 
 #include <string>
 #include <vector>
@@ -49,7 +49,7 @@ private:
 /// Ties the form to the store: reads it once, and from then on stores each change at once.
 class OptionKeeper {
 public:
-    OptionKeeper(OptionsForm& form, OptionStore& store, Log& log, RunState& run);
+    OptionKeeper(OptionsForm& form, Options& store, Log& log, RunState& run);
 
     /// Reads all options into the form and the run's values. Fails on a number that is none and on a list entry that
     /// isn't there.
@@ -67,7 +67,7 @@ private:
     void keep(const Row& row);
 
     OptionsForm& form_;
-    OptionStore& store_;
+    Options& store_;
     Log& log_;
     RunState& run_;
     bool keeping_ = false;

@@ -2,14 +2,7 @@
 
 #include "platform/qt/shown_text.h"
 #include "startup/gatehouse.h"
-#include "window/dialogs/about_dialog.h"
-#include "window/dialogs/address_dialog.h"
-#include "window/dialogs/keyboard_dialog.h"
-#include "window/dialogs/mod_dialog.h"
-#include "window/dialogs/new_bot_dialog.h"
-#include "window/dialogs/options_dialog.h"
-#include "window/dialogs/players_dialog.h"
-#include "window/dialogs/reset_prompt.h"
+#include "window/form_views.h"
 #include "window/tabs/settings_tabs.h"
 #include "window/tabs/table_tabs.h"
 #include "window/widgets/binders.h"
@@ -51,14 +44,21 @@ void nameStep(QAction& action, const QString& command, const std::string& name) 
 
 /// What a frame holds; nothing for a tab that is still to come.
 QWidget* makeTabContent(Frame frame, Gatehouse& program) {
-    SettingsDocument& doc = program.doc;
+    SettingsDocument& doc = program.config.doc;
     switch (frame) {
-        case kServerFrame: return makeServerTab(doc, program.modOptions);
-        case kServersFrame: return makeServersTab(program.iplist, program.serverCommands, program.statusQuery, program.flags);
-        case kMapsFrame: return makeMapsTab(doc, program.maps, program.rotationRules, program.flags);
-        case kPlayerFrame: return makePlayerTab(doc, program.playerRules, program.models, program.run);
-        case kKeysFrame: return makeKeysTab(doc, program.keyRules);
-        case kBotsFrame: return makeBotsTab(doc, program.botsRules, program.flags);
+        case kServerFrame:
+            return makeServerTab(doc, program.rules.modOptions);
+        case kServersFrame:
+            return makeServersTab(program.servers.iplist, program.servers.commands, program.servers.query,
+                                  program.flags);
+        case kMapsFrame:
+            return makeMapsTab(doc, program.content.maps, program.rules.rotationRules, program.flags);
+        case kPlayerFrame:
+            return makePlayerTab(doc, program.rules.playerRules, program.content.models, program.run);
+        case kKeysFrame:
+            return makeKeysTab(doc, program.rules.keyRules);
+        case kBotsFrame:
+            return makeBotsTab(doc, program.rules.botsRules, program.flags);
         case kVideoFrame: return makeVideoTab(doc);
         case kTweak1Frame: return makeTweak1Tab(doc);
         case kTweak2Frame: return makeTweak2Tab(doc);
@@ -105,7 +105,7 @@ void MainWindow::makeActions() {
     mfileexit_->setMenuRole(QAction::QuitRole);
     connect(mfileexit_, &QAction::triggered, this, [this] { program_.mfileexit_Click(); });
 
-    EditHistory& history = program_.history;
+    EditHistory& history = program_.config.history;
     meditundo_ = makeAction("meditundo", {}, {QKeySequence(Qt::CTRL | Qt::Key_Z)});
     meditundo_->setIcon(icon("undo"));
     bindCommand(*meditundo_, history.canUndo, [this] { program_.meditundo_Click(); });
@@ -178,7 +178,8 @@ void MainWindow::makeCentre() {
     heading.setPointSizeF(heading.pointSizeF() * 1.35);
     heading.setBold(true);
     sframe->setFont(heading);
-    follow(sframe, program_.modes.frameCaption, [sframe](const std::string& text) { sframe->setText(shown(text)); });
+    follow(sframe, program_.rules.modes.frameCaption,
+           [sframe](const std::string& text) { sframe->setText(shown(text)); });
 
     auto* tab = new QVBoxLayout;
     tab->setSpacing(kGap);
@@ -187,7 +188,7 @@ void MainWindow::makeCentre() {
 
     auto* upper = new QHBoxLayout;
     upper->setSpacing(2 * kGap);
-    upper->addWidget(new SideBar(program_.modes, program_.run, this));
+    upper->addWidget(new SideBar(program_.rules.modes, program_.run, this));
     upper->addLayout(tab, 1);
 
     auto* centre = new QWidget(this);
@@ -195,7 +196,7 @@ void MainWindow::makeCentre() {
     column->setContentsMargins(kGap, kGap, kGap, kGap / 2);
     column->setSpacing(kGap);
     column->addLayout(upper, 1);
-    column->addWidget(new ConsolePanel(program_.q3.q3console, program_.run.ShowConsole, centre));
+    column->addWidget(new ConsolePanel(program_.startup.q3.q3console, program_.run.ShowConsole, centre));
     setCentralWidget(centre);
 }
 
@@ -209,11 +210,11 @@ QStackedWidget* MainWindow::makeFrames() {
         frame->setAccessibleName(shown(tab.caption));
         frames->addWidget(frame);
     }
-    follow(frames, program_.modes.FrameShown, [this, frames](std::int16_t frame) {
+    follow(frames, program_.rules.modes.FrameShown, [this, frames](std::int16_t frame) {
         if (frame >= 0) fillFrame(*frames->widget(frame), static_cast<Frame>(frame));
         frames->setCurrentIndex(frame);
     });
-    listen(frames, program_.modes.focusWanted, [frames](Frame frame) {
+    listen(frames, program_.rules.modes.focusWanted, [frames](Frame frame) {
         if (auto* table = frames->widget(frame)->findChild<TableView*>()) table->setFocus(Qt::OtherFocusReason);
     });
     return frames;
@@ -232,7 +233,8 @@ void MainWindow::makeStatusBar() {
     message->setObjectName("q3status1");
     message->setContentsMargins(kGap / 2, 0, 0, 0);
     statusBar()->addWidget(message, 1);
-    follow(message, program_.q3.q3status, [message](const std::string& text) { message->setText(shown(text)); });
+    follow(message, program_.startup.q3.q3status,
+           [message](const std::string& text) { message->setText(shown(text)); });
 
     clock_ = new QLabel(this);
     clock_->setObjectName("q3status2");
@@ -248,24 +250,16 @@ void MainWindow::showClock() {
     QTimer::singleShot(kMillisecondsPerMinute - sinceMinute, Qt::PreciseTimer, this, &MainWindow::showClock);
 }
 
-void MainWindow::offerForm(Observable<bool>& form, std::function<void()> makeView) {
-    listen(this, form.changed, [&form, makeView = std::move(makeView), made = false]() mutable {
-        if (form.get() && !std::exchange(made, true)) makeView();
+void MainWindow::offerForm(Form& form) {
+    listen(this, form.changed, [this, &form, made = false]() mutable {
+        if (form.get() && !std::exchange(made, true)) makeFormView(form.name, program_, this);
     });
 }
 
 void MainWindow::followProgram() {
     follow(this, program_.run.title, [this](const std::string& title) { setWindowTitle(shownTitle(title)); });
-    offerForm(program_.botsRules.q3newbot, [this] { new NewBotDialog(program_.botsRules, this); });
-    offerForm(program_.modOptions.q3mod, [this] { new ModDialog(program_.modOptions, this); });
-    offerForm(program_.keyRules.q3keyboard, [this] { new KeyboardDialog(program_.keyRules, this); });
-    offerForm(program_.addressForm.q3newip, [this] { new AddressDialog(program_.addressForm, this); });
-    offerForm(program_.playersForm.q3players, [this] { new PlayersDialog(program_.playersForm, this); });
-    offerForm(program_.q3about, [this] { new AboutDialog(program_, this); });
-    offerForm(program_.tabReset.q3resetprompt, [this] { new ResetPrompt(program_.tabReset, this); });
-    offerForm(program_.optionsRules.q3options,
-              [this] { new OptionsDialog(program_.options, program_.optionsRules, this); });
-    MainView& view = program_.q3;
+    for (Form* form : program_.forms()) offerForm(*form);
+    MainView& view = program_.startup.q3;
     const auto size = [this, &view] { resizeTo(view.width.get(), view.height.get()); };
     size();
     listen(this, view.width.changed, size);
@@ -291,7 +285,7 @@ void MainWindow::resizeTo(int widthTwips, int heightTwips) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (!program_.q3.visible.get()) return;  // it has unloaded already
+    if (!program_.startup.q3.visible.get()) return;  // it has unloaded already
     // The program hides the window when it has unloaded; a window never goes inside its own event.
     event->ignore();
     program_.q3_Unload();

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "base/observable.h"
+#include "base/form.h"
 #include "window/rules/modes.h"
 
 #include <QMainWindow>
-
-#include <functional>
 
 class QAction;
 class QKeySequence;
@@ -42,7 +40,7 @@ private:
     void resizeTo(int widthTwips, int heightTwips);
     void showClock();
     /// Makes the view of a form when it is first wanted.
-    void offerForm(Observable<bool>& form, std::function<void()> makeView);
+    void offerForm(Form& form);
 
     Gatehouse& program_;
     QAction* mfileopen_;

@@ -38,8 +38,8 @@ struct MapCatalogTest : testing::Test {
     std::string content() const { return world.files.content("C:\\gh\\usermaps.txt"); }
 
     fake::World world;
-    RunState run;
-    MapCatalog catalog{world.files, world.log, run};
+    RunState& run = world.run;
+    MapCatalog catalog{world.ground};
 };
 
 TEST_F(MapCatalogTest, StandardMapsStandUnderTheirClasses) {

@@ -27,8 +27,8 @@ struct ModelCatalogTest : testing::Test {
     }
 
     fake::World world;
-    RunState run;
-    ModelCatalog catalog{world.files, world.log, run};
+    RunState& run = world.run;
+    ModelCatalog catalog{world.ground};
     int standardNodes = 0;
 };
 

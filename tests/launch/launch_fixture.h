@@ -95,11 +95,11 @@ protected:
     }
 
     fake::World world;
-    RunState run;
+    RunState& run = world.run;
     SettingsDocument doc;
     ModTable mods;
     fake::FakeHost host;
-    AliasBook aliases{world.files, world.log, run, doc.bindlist};
+    AliasBook aliases{world.ground, doc.bindlist};
     GameConfig gameConfig{{doc, mods, host, aliases, world.random, world.log}};
 };
 

@@ -36,8 +36,7 @@ protected:
     ListField q3runoptions{options, {.name = "q3runoptions"}, {"launch", "ask", "files", "fourth"}};
     TextField extracmdline{options, {.name = "extracmdline"}};
     ServerTable iplist;
-    RunCommand command{{world.files, world.processes, world.dialogs, world.log, run, doc, mods, iplist, q3runoptions,
-                        extracmdline, gameConfig, [] {}}};
+    RunCommand command{{world.ground, world.processes, doc, mods, iplist, q3runoptions, extracmdline, gameConfig}};
 };
 
 TEST_F(RunCommandTest, ConnectMatchesTheGoldenFiles) {

@@ -42,9 +42,9 @@ protected:
     }
 
     fake::World world;
-    RunState run;
+    RunState& run = world.run;
     BindingTable bindlist;
-    AliasBook aliases{world.files, world.log, run, bindlist};
+    AliasBook aliases{world.ground, bindlist};
 };
 
 TEST_F(AliasTest, KeysBecomeRowsWhoseBlocksCountPasses) {

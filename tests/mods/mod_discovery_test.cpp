@@ -29,10 +29,9 @@ struct ModDiscoveryTest : testing::Test {
     }
 
     fake::World world;
-    RunState run;
-    OptionStore store{world.settings, world.log};
+    RunState& run = world.run;
     ModTable mods;
-    ModDiscovery discovery{world.files, world.archives, world.log, world.events, store, run, mods};
+    ModDiscovery discovery{world.ground, world.archives, mods};
 };
 
 TEST_F(ModDiscoveryTest, DefinitionFilesComeFirstAndWinOverTheirFolders) {
@@ -70,7 +69,7 @@ TEST_F(ModDiscoveryTest, RecoversABlankGameFolderFromTheOptionButNotALostOne) {
     run.GameDir = "C:\\gone\\";
     EXPECT_THROW(discovery.scanForMods(), FileFailure);
     run.GameDir = " ";
-    store.setOption("exepath", " C:\\q3\\quake3.exe ");
+    world.store.setOption("exepath", " C:\\q3\\quake3.exe ");
     putArchive("C:\\q3\\osp\\osp.pk3", {"vm/qagame.qvm"});
     EXPECT_EQ(found(), "osp=osp ");
     EXPECT_EQ(run.GameDir, "C:\\q3\\");

@@ -33,20 +33,17 @@ struct ServerCommandsTest : testing::Test {
         world.events.pending = {std::move(action), [this] { world.events.advance(5000); }};
     }
     fake::World world;
-    RunState run;
-    CommandFlags flags;
+    RunState& run = world.run;
+    CommandFlags& flags = world.flags;
     OptionsForm options;
-    OptionStore store{world.settings, world.log};
     ModTable mods;
     ServerTable iplist;
-    ServerLists lists{world.files, world.log, run, flags, options.ghcdir, iplist};
-    AddressForm form{world.clipboard, world.dialogs, world.events, world.log, run};
-    PlayersForm players{iplist, world.events, world.log};
-    StatusQuery query{{world.socket, world.events, world.clock, world.files, world.dialogs, world.log, flags, iplist,
-                       mods, options.q3pingwait, run.ServerListChanged}};
+    ServerLists lists{world.ground, options.ghcdir, iplist};
+    AddressForm form{world.ground, world.clipboard};
+    PlayersForm players{world.ground, iplist};
+    StatusQuery query{{world.ground, world.socket, world.clock, iplist, mods, options.q3pingwait}};
     std::string asked;  ///< what the commands have asked the window for
-    ServerCommands commands{{world.files, world.dialogs, world.clipboard, world.events, world.log, store, run, flags,
-                             mods, options.ghcdir, iplist, lists, query, form, players, [this] { asked += "mod "; }}};
+    ServerCommands commands{{world.ground, world.clipboard, mods, options.ghcdir, iplist, lists, query, form, players}};
 };
 
 TEST(AddressIn, TakesDigitsAndDotsWithOneColon) {
@@ -179,6 +176,7 @@ TEST_F(ServerCommandsTest, ClicksSortAndChooseTheMod) {
     }
     for (const char* dir : {"osp", " OSP ", "other"}) mods.at(mods.add({})).dir = dir;
     world.dialogs.answer("Mod Options", Answer::Ok);
+    commands.modOptionsWanted.connect([this] { asked += "mod "; });
     for (const auto& [mod, index] : {std::pair{"Osp ", 2}, {"?", 0}}) {
         iplist.update(1, [&, text = mod](ServerEntry& row) { row.Mod = text; });
         commands.tbservers_ButtonClick("Mod");

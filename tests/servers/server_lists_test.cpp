@@ -26,12 +26,12 @@ struct ServerListsTest : testing::Test {
     bool rowButtons() const { return flags.tbservers[2].get() && flags.tbservers[3].get() && flags.tbservers[4].get(); }
 
     fake::World world;
-    RunState run;
-    CommandFlags flags;
+    RunState& run = world.run;
+    CommandFlags& flags = world.flags;
     FieldGroup group{"options"};
     TextField ghcdir{group, {.name = "ghcdir"}};
     ServerTable iplist;
-    ServerLists lists{world.files, world.log, run, flags, ghcdir, iplist};
+    ServerLists lists{world.ground, ghcdir, iplist};
 };
 
 TEST_F(ServerListsTest, LoadsARecordAndPadsItsPing) {

@@ -63,13 +63,12 @@ protected:
     }
 
     fake::World world;
-    CommandFlags flags;
+    CommandFlags& flags = world.flags;
     OptionsForm options;
     ModTable mods;
     ServerTable iplist;
-    bool listChanged = false;
-    StatusQuery query{{world.socket, world.events, world.clock, world.files, world.dialogs, world.log, flags, iplist,
-                       mods, options.q3pingwait, listChanged}};
+    bool& listChanged = world.run.ServerListChanged;
+    StatusQuery query{{world.ground, world.socket, world.clock, iplist, mods, options.q3pingwait}};
     std::deque<std::function<void()>> answers;
     std::string shown;
 };

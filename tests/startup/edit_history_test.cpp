@@ -12,7 +12,7 @@ protected:
     EditHistoryTest() { program.StartupDriver(); }
 
     std::string document() {
-        program.documents.writeRescue("C:\\gh\\now.txt");
+        program.config.documents.writeRescue("C:\\gh\\now.txt");
         return world.files.content("C:\\gh\\now.txt");
     }
 
@@ -20,29 +20,31 @@ protected:
 
     /// One change such as a person makes it.
     void editSomething() {
-        SettingsDocument& doc = program.doc;
+        SettingsDocument& doc = program.config.doc;
         switch (below(12)) {
             case 0:
-                world.events.pending.push_back([this] { program.botsRules.newbotOK_Click(); });
-                return program.botsRules.q3botadd_Click();
-            case 1: return program.botsRules.q3botdel_Click();
+                world.events.pending.push_back([this] { program.rules.botsRules.newbotOK_Click(); });
+                return program.rules.botsRules.q3botadd_Click();
+            case 1:
+                return program.rules.botsRules.q3botdel_Click();
             case 2: {
                 doc.bindlist.setCurrent(below(doc.bindlist.count()) + 1);
                 const KeyButton& button = keyButtons()[static_cast<std::size_t>(below(103))];
-                world.events.pending.push_back([this, &button] { program.keyRules.keyButton_Click(button); });
-                return program.keyRules.bindlist_DblClick();
+                world.events.pending.push_back([this, &button] { program.rules.keyRules.keyButton_Click(button); });
+                return program.rules.keyRules.bindlist_DblClick();
             }
             case 3:
             case 4: {
-                program.maps.maptree.setCurrent(below(program.maps.maptree.count()) + 1);
-                program.rotationRules.maptree_GotFocus();
-                return program.rotationRules.addToRotation();
+                program.content.maps.maptree.setCurrent(below(program.content.maps.maptree.count()) + 1);
+                program.rules.rotationRules.maptree_GotFocus();
+                return program.rules.rotationRules.addToRotation();
             }
             case 5: {
                 if (doc.maplist.empty()) return;
                 doc.maplist.setCurrent(below(doc.maplist.count()) + 1);
-                program.rotationRules.maplist_GotFocus();
-                return below(2) ? program.rotationRules.removeFromRotation() : program.rotationRules.moveUp();
+                program.rules.rotationRules.maplist_GotFocus();
+                return below(2) ? program.rules.rotationRules.removeFromRotation()
+                                : program.rules.rotationRules.moveUp();
             }
             default: break;
         }
@@ -76,7 +78,7 @@ TEST_F(EditHistoryTest, ALongWalkCanBeUndoneToItsStartAndRedoneToItsEnd) {
     const std::string last = document();
     EXPECT_NE(first, last);
     int steps = 0;
-    while (program.history.canUndo.get()) {
+    while (program.config.history.canUndo.get()) {
         const std::string before = document();
         program.meditundo_Click();
         ++steps;
@@ -87,13 +89,13 @@ TEST_F(EditHistoryTest, ALongWalkCanBeUndoneToItsStartAndRedoneToItsEnd) {
     }
     EXPECT_GT(steps, kEdits / 2);
     EXPECT_EQ(document(), first);
-    while (program.history.canRedo.get()) program.meditredo_Click();
+    while (program.config.history.canRedo.get()) program.meditredo_Click();
     EXPECT_EQ(document(), last);
 }
 
 TEST_F(EditHistoryTest, StepsAreWhatAPersonDidAndNothingElse) {
-    SettingsDocument& doc = program.doc;
-    EditHistory& history = program.history;
+    SettingsDocument& doc = program.config.doc;
+    EditHistory& history = program.config.history;
     EXPECT_FALSE(history.canUndo.get());
     const std::string frames = doc.com_maxfps.text();
     doc.com_maxfps.setText("77");  // the program's own
@@ -115,10 +117,10 @@ TEST_F(EditHistoryTest, StepsAreWhatAPersonDidAndNothingElse) {
     EXPECT_EQ(history.redoName.get(), "Max FPS");
 
     // A map that leaves the rotation by undo is free again in the catalog; without maps nothing can be run.
-    program.modes.sbar_GroupClick(kListen);
+    program.rules.modes.sbar_GroupClick(kListen);
     while (!doc.maplist.empty()) {
-        program.rotationRules.maplist_GotFocus();
-        program.rotationRules.removeFromRotation();
+        program.rules.rotationRules.maplist_GotFocus();
+        program.rules.rotationRules.removeFromRotation();
     }
     EXPECT_FALSE(program.flags.mfilerun.get());
     program.meditundo_Click();
@@ -126,7 +128,7 @@ TEST_F(EditHistoryTest, StepsAreWhatAPersonDidAndNothingElse) {
     program.meditredo_Click();
     EXPECT_FALSE(program.flags.mfilerun.get());
 
-    program.documents.loadConfig(program.run.CurrentConfigPath);
+    program.config.documents.loadConfig(program.run.CurrentConfigPath);
     EXPECT_FALSE(history.canUndo.get() || history.canRedo.get());
     EXPECT_EQ(doc.com_maxfps.text(), frames);
 }
@@ -136,7 +138,7 @@ TEST_F(EditHistoryTest, AResetIsOneStepThatCanBeUndone) {
     for (const char* tab : {"server", "maps", "player", "keys", "video", "tweak1", "tweak2"}) {
         const std::string before = document();
         program.run.ConfigChanged = false;
-        program.tabReset.ResetTabs(tab);
+        program.rules.tabReset.ResetTabs(tab);
         ASSERT_NE(document(), before) << tab;
         program.meditundo_Click();
         EXPECT_EQ(document(), before) << tab;

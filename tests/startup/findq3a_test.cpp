@@ -12,7 +12,7 @@ class FindQ3aTest : public testing::Test {
 protected:
     fake::World world;
     SplashView splash;
-    GameFinder finder{world.files, world.events, world.dialogs, world.log, splash};
+    GameFinder finder{world.ground, splash};
 };
 
 TEST_F(FindQ3aTest, ARefusedCopyHidesItsSubFoldersAndTheSearchGoesOn) {

@@ -26,20 +26,20 @@ TEST_F(LoadSequenceTest, ARunningCopyIsReportedAndTheSequenceGoesOn) {
     world.windows.windows = {{1, "Terminal"}, {2, "Gatehouse: something"}};
     world.dialogs.answer("Sorry...", Answer::Ok);
     program.StartupDriver();
-    EXPECT_TRUE(program.q3.visible.get() && world.dialogs.shown.size() == 1);
+    EXPECT_TRUE(program.startup.q3.visible.get() && world.dialogs.shown.size() == 1);
 }
 
 TEST_F(LoadSequenceTest, AnOrdinaryStartEndsWithTheWindowAndTheLastDocument) {
     program.StartupDriver();
-    EXPECT_TRUE(program.q3.visible.get());
-    EXPECT_FALSE(program.splash.visible.get());
+    EXPECT_TRUE(program.startup.q3.visible.get());
+    EXPECT_FALSE(program.startup.splash.visible.get());
     EXPECT_EQ(program.run.title.get(), "c:\\gh\\default.ghc");
     EXPECT_FALSE(program.run.ConfigChanged);
     EXPECT_TRUE(logged("No errors during startup."));
     EXPECT_TRUE(world.dialogs.shown.empty());
     // The rotation of the document is marked in the catalog.
     int used = 0;
-    for (int i = 1; i <= program.maps.maptree.count(); ++i) used += program.maps.maptree.at(i).used;
+    for (int i = 1; i <= program.content.maps.maptree.count(); ++i) used += program.content.maps.maptree.at(i).used;
     EXPECT_EQ(used, 5);  // q3dm7 stands in two classes
 }
 
@@ -56,12 +56,12 @@ TEST_F(LoadSequenceTest, OptionsThatCannotBeReadAreErasedAfterABox) {
 
 TEST_F(LoadSequenceTest, TheEndAsksAboutBothChangesAndSavesWhatIsWanted) {
     program.StartupDriver();
-    program.doc.q3hostname.setText("My Server");
+    program.config.doc.q3hostname.setText("My Server");
     program.run.ServerListChanged = true;
     world.dialogs.answer("Exit Gatehouse", Answer::Yes);
     world.dialogs.answer("Exit Gatehouse", Answer::Yes);
     program.q3_Unload();
-    EXPECT_FALSE(program.q3.visible.get());
+    EXPECT_FALSE(program.startup.q3.visible.get());
     EXPECT_TRUE(world.events.ended);
     EXPECT_NE(world.files.content("C:\\gh\\default.ghc").find("seta sv_hostname \"My Server\""), std::string::npos);
     EXPECT_NE(world.files.content("C:\\gh\\default.ghs").find("// server list"), std::string::npos);
@@ -73,7 +73,7 @@ TEST_F(LoadSequenceTest, TheEndAsksAboutBothChangesAndSavesWhatIsWanted) {
 
 TEST_F(LoadSequenceTest, AFatalFailureLeavesARescueCopy) {
     program.StartupDriver();
-    program.doc.q3hostname.setText("Unsaved");
+    program.config.doc.q3hostname.setText("Unsaved");
     world.dialogs.answer("Gatehouse", Answer::Ok);
     const std::string line = program.handleFatal(RuntimeFailure("Overflow"), true);
     EXPECT_EQ(line, "Gatehouse can't go on: Overflow; what was not saved is in C:\\gh\\rescue.ghc");
@@ -82,11 +82,11 @@ TEST_F(LoadSequenceTest, AFatalFailureLeavesARescueCopy) {
 
 TEST_F(LoadSequenceTest, ADiskThatFillsUpInASaveLeavesARescueCopyEvenOfAnUnchangedDocument) {
     program.StartupDriver();
-    program.options.q3loglevel.setIndex(0);
+    program.startup.options.q3loglevel.setIndex(0);
     ASSERT_FALSE(program.run.ConfigChanged);
     world.files.failAtChange = 3;  // the old file is deleted, the new one made, and then
     try {
-        program.documents.writeConfig("C:\\gh\\default.ghc");
+        program.config.documents.writeConfig("C:\\gh\\default.ghc");
         FAIL() << "the fault was not reached";
     } catch (const RuntimeFailure& failure) {
         program.handleFatal(failure, false);
@@ -97,16 +97,17 @@ TEST_F(LoadSequenceTest, ADiskThatFillsUpInASaveLeavesARescueCopyEvenOfAnUnchang
 TEST_F(LoadSequenceTest, ClosingAllWindowsPutsEverythingBack) {
     Gatehouse fresh(world.services, "C:\\gh");
     program.StartupDriver();
-    program.doc.q3gametype.setIndex(3);
-    program.doc.fraglimit.setText("77");
-    program.doc.q3usepass.setValue(1);
+    program.config.doc.q3gametype.setIndex(3);
+    program.config.doc.fraglimit.setText("77");
+    program.config.doc.q3usepass.setValue(1);
     program.run.ConfigChanged = false;
     program.closeAllWindows();
     EXPECT_FALSE(program.run.ConfigChanged);
-    EXPECT_TRUE(program.mods.modCount() == 0 && program.doc.bindlist.empty() && program.doc.maplist.empty());
-    EXPECT_TRUE(program.doc.LastGameType == 0 && program.doc.MapCount == 0);
-    const auto groups = program.doc.groups();
-    const auto freshGroups = fresh.doc.groups();
+    EXPECT_TRUE(program.mods.table.modCount() == 0 && program.config.doc.bindlist.empty() &&
+                program.config.doc.maplist.empty());
+    EXPECT_TRUE(program.config.doc.LastGameType == 0 && program.config.doc.MapCount == 0);
+    const auto groups = program.config.doc.groups();
+    const auto freshGroups = fresh.config.doc.groups();
     for (std::size_t group = 0; group < groups.size(); ++group) {
         for (std::size_t i = 0; i < groups[group]->fields.size(); ++i) {
             const Field& field = *groups[group]->fields[i];

@@ -71,19 +71,19 @@ TEST_F(MainWindowTest, TheKeyboardChoosesModesAndTabs) {
     EXPECT_TRUE(find("sbarlist2").hasFocus());
     QTest::keyClick(&find("sbarlist2"), Qt::Key_End);
     QTest::keyClick(&find("sbarlist2"), Qt::Key_Space);
-    EXPECT_EQ(program.modes.TabKey.get(), "tweak2");
+    EXPECT_EQ(program.rules.modes.TabKey.get(), "tweak2");
 }
 
 TEST_F(MainWindowTest, AScreenReaderChoosesATabBySelectingIt) {
     auto* interface = QAccessible::queryAccessibleInterface(&find("sbarlist1"));
     interface->child(3)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-    EXPECT_EQ(program.modes.TabKey.get(), "keys");
+    EXPECT_EQ(program.rules.modes.TabKey.get(), "keys");
     EXPECT_EQ(find<TabList>("sbarlist1").selectionModel()->selectedIndexes().size(), 1);
 }
 
 TEST_F(MainWindowTest, MenuAndToolBarFollowTheRunFlag) {
     EXPECT_FALSE(find<QAction>("mfilerun").isEnabled());  // no server in the list
-    program.modes.sbar_GroupClick(kListen);               // the document has maps
+    program.rules.modes.sbar_GroupClick(kListen);         // the document has maps
     EXPECT_TRUE(find<QAction>("mfilerun").isEnabled());
     EXPECT_TRUE(find<QToolButton>("Run").isEnabled());
     QTest::keyClick(&window, Qt::Key_R, Qt::ControlModifier);
@@ -110,19 +110,18 @@ TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
 }
 
 TEST_F(MainWindowTest, WhatAPersonAddedToTheWindowStays) {
-    program.q3.width.set(5000);
+    program.startup.q3.width.set(5000);
     EXPECT_EQ(window.width(), pixels(5000));
     window.resize(pixels(5000) + 60, window.height());
-    program.q3.width.set(5500);
+    program.startup.q3.width.set(5500);
     EXPECT_EQ(window.width(), pixels(5500) + 60);
-    program.q3.width.set(50000);
+    program.startup.q3.width.set(50000);
     EXPECT_LE(window.width(), window.screen()->availableSize().width());
 }
 
 TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscape) {
-    for (Observable<bool>* form :
-         {&program.botsRules.q3newbot, &program.modOptions.q3mod, &program.keyRules.q3keyboard, &program.addressForm.q3newip,
-          &program.playersForm.q3players, &program.q3about, &program.tabReset.q3resetprompt, &program.optionsRules.q3options}) {
+    for (Form* form : program.forms()) {
+        SCOPED_TRACE(form->name);
         form->set(true);
         ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }, 1000));
         QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
@@ -134,8 +133,9 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
     world.dialogs.choose(std::nullopt);
     find<QAction>("mfilesave").trigger();
     EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);
-    for (const auto& [entry, form] : {std::pair("mtoolsreset", &program.tabReset.q3resetprompt),
-                                      {"mtoolsoptions", &program.optionsRules.q3options}, {"mhelpabout", &program.q3about}}) {
+    for (const auto& [entry, form] : {std::pair("mtoolsreset", &program.rules.tabReset.q3resetprompt),
+                                      {"mtoolsoptions", &program.rules.optionsRules.q3options},
+                                      {"mhelpabout", &program.rules.q3about}}) {
         find<QAction>(entry).trigger();
         EXPECT_TRUE(form->get()) << entry;
         form->set(false);
@@ -147,7 +147,7 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
     QTest::keyClick(&line, Qt::Key_Z, Qt::ControlModifier);  // the program's undo, not the line's
     EXPECT_EQ(line.text() + find<QAction>("meditredo").text(), "noname&Redo Hostname");
     find<QAction>("meditredo").trigger();
-    EXPECT_EQ(program.doc.q3hostname.text(), "nonameab");
+    EXPECT_EQ(program.config.doc.q3hostname.text(), "nonameab");
     program.run.ConfigChanged = false;
     find<QAction>("mfileexit").trigger();
     EXPECT_TRUE(world.events.ended);

@@ -31,10 +31,10 @@ protected:
     }
 
     fake::World world;
-    RunState run;
+    RunState& run = world.run;
     ModTable mods;
     Edits edits;
-    ModOptions options{mods, run, edits, world.dialogs, world.events};
+    ModOptions options{world.ground, mods, edits};
     ModDialog dialog{options};
 };
 

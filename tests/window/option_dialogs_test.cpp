@@ -22,14 +22,14 @@ protected:
     }
     void openOptions() {
         world.files.addFolder("C:\\gh");
-        program.options.ghcdir.setText("C:\\gh\\");
+        program.startup.options.ghcdir.setText("C:\\gh\\");
         program.mtoolsoptions_Click();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&options));
     }
 
     fake::World world;
     Gatehouse program{world.services, "C:\\gh"};
-    OptionsDialog options{program.options, program.optionsRules};
+    OptionsDialog options{program.startup.options, program.rules.optionsRules};
 };
 
 TEST_F(OptionDialogsTest, EveryOptionIsReachedByTabAndHasAName) {
@@ -40,7 +40,7 @@ TEST_F(OptionDialogsTest, EveryOptionIsReachedByTabAndHasAName) {
         reached.insert(options.focusWidget()->objectName());
         QTest::keyClick(options.focusWidget(), Qt::Key_Tab);
     } while (options.focusWidget() != first && reached.size() < 50);
-    for (const Field* field : program.options.options.fields) {
+    for (const Field* field : program.startup.options.options.fields) {
         EXPECT_TRUE(reached.contains(QString::fromStdString(field->name()))) << field->name();
         QWidget& widget = find(options, field->name().c_str());
         EXPECT_FALSE(QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name).isEmpty()) << field->name();
@@ -73,13 +73,13 @@ TEST_F(OptionDialogsTest, EscapeStoresTheFolderAndAWrongOneKeepsTheDialogOpen) {
     QTest::keyClicks(&folder, "C:\\gh");
     QTest::keyClick(&folder, Qt::Key_Escape);
     EXPECT_FALSE(options.isVisible());
-    EXPECT_FALSE(program.optionsRules.q3options.get());
+    EXPECT_FALSE(program.rules.optionsRules.q3options.get());
     EXPECT_EQ(world.settings.values["ghcdir"], "C:\\gh\\");
     EXPECT_EQ(world.dialogs.shown.size(), 3);
 }
 
 TEST_F(OptionDialogsTest, TheResetPromptAnswersOnceAndCancelIsItsFirstChoice) {
-    ResetPrompt prompt(program.tabReset);
+    ResetPrompt prompt(program.rules.tabReset);
     const auto press = [&](Qt::Key key, const char* button) {
         program.mtoolsreset_Click();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&prompt));
@@ -88,13 +88,13 @@ TEST_F(OptionDialogsTest, TheResetPromptAnswersOnceAndCancelIsItsFirstChoice) {
         QTest::keyClick(prompt.focusWidget(), key);
         EXPECT_FALSE(prompt.isVisible());
     };
-    program.doc.q3playername.setText("Someone");
-    program.modes.TabKey.set("player");
+    program.config.doc.q3playername.setText("Someone");
+    program.rules.modes.TabKey.set("player");
     press(Qt::Key_Return, nullptr);
     press(Qt::Key_Escape, nullptr);
-    EXPECT_EQ(program.doc.q3playername.text(), "Someone");
+    EXPECT_EQ(program.config.doc.q3playername.text(), "Someone");
     press(Qt::Key_Space, "q3resetcurrent");
-    EXPECT_EQ(program.doc.q3playername.text(), "Unnamed Player");
+    EXPECT_EQ(program.config.doc.q3playername.text(), "Unnamed Player");
     world.dialogs.answer("Reset Tabs", Answer::No);
     press(Qt::Key_Space, "q3resetall");
     EXPECT_EQ(world.dialogs.shown.size(), 1);

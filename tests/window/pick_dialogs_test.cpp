@@ -32,9 +32,9 @@ protected:
 
     fake::DocumentDesk desk;
     BindingTable& bindlist = desk.doc.bindlist;
-    KeyRules keys{bindlist, desk.run, desk.world.log, desk.world.events};
+    KeyRules keys{desk.world.ground, bindlist};
     KeyboardDialog keyboard{keys};
-    BotsRules bots{desk.doc, desk.flags, desk.run, desk.world.events};
+    BotsRules bots{desk.world.ground, desk.doc};
     NewBotDialog newBot{bots};
 };
 

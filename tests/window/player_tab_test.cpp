@@ -16,7 +16,7 @@ class PlayerTabTest : public testing::Test {
 protected:
     PlayerTabTest() {
         program.StartupDriver();
-        tab.reset(makePlayerTab(program.doc, program.playerRules, program.models, program.run));
+        tab.reset(makePlayerTab(program.config.doc, program.rules.playerRules, program.content.models, program.run));
         tab->resize(900, 600);
         tab->show();
     }
@@ -36,7 +36,7 @@ TEST_F(PlayerTabTest, ButtonsCountWithinTheirBoundsAndNothingIsTyped) {
     struct {
         const char* name;
         LabelField& field;
-    } cases[] = {{"chindex", program.doc.chindex}, {"q3fxcolor", program.doc.q3fxcolor}};
+    } cases[] = {{"chindex", program.config.doc.chindex}, {"q3fxcolor", program.config.doc.q3fxcolor}};
     for (const auto& c : cases) {
         QWidget& spin = find(c.name);
         const Range& range = *c.field.range();
@@ -46,16 +46,16 @@ TEST_F(PlayerTabTest, ButtonsCountWithinTheirBoundsAndNothingIsTyped) {
         for (int i = 0; i < 30; ++i) QTest::keyClick(&spin, Qt::Key_Down);
         EXPECT_EQ(c.field.text(), std::to_string(range.min));
     }
-    program.doc.q3fxcolor.setText("9");
+    program.config.doc.q3fxcolor.setText("9");
     QTest::keyClick(&find("q3fxcolor"), Qt::Key_Up);
-    EXPECT_EQ(program.doc.q3fxcolor.text(), "7") << "beyond its bounds, both buttons lead back";
-    EXPECT_EQ(program.history.undoName.get(), "FX Colour");
+    EXPECT_EQ(program.config.doc.q3fxcolor.text(), "7") << "beyond its bounds, both buttons lead back";
+    EXPECT_EQ(program.config.history.undoName.get(), "FX Colour");
 }
 
 TEST_F(PlayerTabTest, EveryCrosshairHasItsPictureAndPreviewsShowWhatTheFieldsSay) {
     QImage earlier;
-    for (int crosshair = 0; crosshair <= program.doc.chindex.range()->max + 3; ++crosshair) {
-        program.doc.chindex.setText(std::to_string(crosshair));
+    for (int crosshair = 0; crosshair <= program.config.doc.chindex.range()->max + 3; ++crosshair) {
+        program.config.doc.chindex.setText(std::to_string(crosshair));
         EXPECT_EQ(hasPicture("crosshair-" + QString::number(crosshair + 1)), crosshair < 12) << crosshair;
         const QImage now = find("chpic").grab().toImage();
         if (crosshair <= 12) {
@@ -63,26 +63,26 @@ TEST_F(PlayerTabTest, EveryCrosshairHasItsPictureAndPreviewsShowWhatTheFieldsSay
         }
         earlier = now;
     }
-    program.doc.q3playername.setText("^1Red ^4Blue");
+    program.config.doc.q3playername.setText("^1Red ^4Blue");
     EXPECT_EQ(find("nc").accessibleDescription(), "Red Blue");
-    program.doc.q3fxcolor.setText("4");
+    program.config.doc.q3fxcolor.setText("4");
     EXPECT_EQ(find("fxpreview").grab().toImage().pixelColor(20, 20), QColor(Qt::red));
 }
 
 TEST_F(PlayerTabTest, AChosenModelIsOneStepThatCanBeUndone) {
     auto& tree = find<TableView>("mdltree");
-    const std::string before = program.models.selectedModel();
+    const std::string before = program.content.models.selectedModel();
     tree.expandAll();
     tree.setFocus();
     QTest::keyClick(&tree, Qt::Key_Down);
-    const std::string chosen = program.models.selectedModel();
+    const std::string chosen = program.content.models.selectedModel();
     EXPECT_NE(chosen, before);
-    EXPECT_EQ(program.history.undoName.get(), "Model/Skin");
+    EXPECT_EQ(program.config.history.undoName.get(), "Model/Skin");
     program.meditundo_Click();
-    EXPECT_EQ(program.models.selectedModel(), before);
-    EXPECT_FALSE(program.history.canUndo.get());
+    EXPECT_EQ(program.content.models.selectedModel(), before);
+    EXPECT_FALSE(program.config.history.canUndo.get());
     program.meditredo_Click();
-    EXPECT_EQ(program.models.selectedModel(), chosen);
+    EXPECT_EQ(program.content.models.selectedModel(), chosen);
 }
 
 }  // namespace

@@ -55,10 +55,10 @@ protected:
     }
 
     fake::World world;
-    RunState run;
+    RunState& run = world.run;
     ModTable mods;
     SettingsDocument doc;
-    ModOptions modOptions{mods, run, doc.edits, world.dialogs, world.events};
+    ModOptions modOptions{world.ground, mods, doc.edits};
     std::vector<std::unique_ptr<QWidget>> tabs;
 };
 

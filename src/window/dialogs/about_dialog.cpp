@@ -35,7 +35,7 @@ QString licenceText() {
 }  // namespace
 
 AboutDialog::AboutDialog(Gatehouse& program, QWidget* parent)
-    : FormDialog("q3about", program.q3about, parent),
+    : FormDialog("q3about", program.rules.q3about, parent),
       program_(program),
       licence_(new QPlainTextEdit(licenceText(), this)) {
     setWindowTitle(tr("About Gatehouse"));
@@ -108,7 +108,7 @@ QPushButton* AboutDialog::makeLink(const QString& name, const QString& text, con
     return link;
 }
 
-void AboutDialog::reject() { program_.q3aboutOK_Click(); }
+void AboutDialog::reject() { program_.rules.q3aboutOK_Click(); }
 
 void AboutDialog::openProgramFolder() {
     const std::string native = resolveExisting(program_.run.AppDir).value_or(toNativePath(program_.run.AppDir));

@@ -16,17 +16,15 @@ constexpr std::string_view kCancelled = "X";
 
 }  // namespace
 
-BotsRules::BotsRules(SettingsDocument& doc, CommandFlags& flags, RunState& run, EventLoop& events)
-    : doc_(doc), flags_(flags), run_(run), events_(events) {
-    const auto on = [this](auto& signal, auto rule) { connections_.emplace_back(signal, std::move(rule)); };
-    const std::function<void(int)> rowsChanged = [this](int) { enableDelete(); };
-    const std::function<void()> changed = [this] { enableDelete(); };
-    on(doc.q3randbots.changed, std::function<void()>([this] { q3randbots_Click(); }));
-    on(doc.q3botlist.rowInserted, rowsChanged);
-    on(doc.q3botlist.rowRemoved, rowsChanged);
-    on(doc.q3botlist.reset, changed);
+BotsRules::BotsRules(const Ground& ground, SettingsDocument& doc)
+    : doc_(doc), flags_(ground.flags), run_(ground.run), events_(ground.events) {
+    follow_.on(doc.q3randbots.changed, [this] { q3randbots_Click(); });
+    const auto enable = [this] { enableDelete(); };
+    follow_.on(doc.q3botlist.rowInserted, enable);
+    follow_.on(doc.q3botlist.rowRemoved, enable);
+    follow_.on(doc.q3botlist.reset, enable);
     // A document enables the button with its list, rows or not.
-    on(flags.q3botdel.changed, changed);
+    follow_.on(flags_.q3botdel.changed, enable);
     q3randbots_Click();
 }
 

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "base/command_flags.h"
+#include "base/form.h"
 #include "base/observable.h"
 #include "base/run_state.h"
 #include "base/signal.h"
 #include "config/bots.h"
 #include "config/settings_document.h"
 #include "platform/event_loop.h"
-
-#include <vector>
+#include "platform/ground.h"
 
 namespace gatehouse {
 
@@ -17,12 +17,12 @@ namespace gatehouse {
 class BotsRules {
 public:
     /// The rules hold from here on, for as long as this object lives.
-    BotsRules(SettingsDocument& doc, CommandFlags& flags, RunState& run, EventLoop& events);
+    BotsRules(const Ground& ground, SettingsDocument& doc);
     BotsRules(const BotsRules&) = delete;
     BotsRules& operator=(const BotsRules&) = delete;
 
     /// Whether the dialog is on show.
-    Observable<bool> q3newbot{false};
+    Form q3newbot{"q3newbot"};
     FieldGroup newbot{"newbot"};
     ListField newbotname{newbot,
                          {"newbotname", "Name:", "Who joins your game. Nobody minds if the same one joins twice."},
@@ -59,7 +59,7 @@ private:
     CommandFlags& flags_;
     RunState& run_;
     EventLoop& events_;
-    std::vector<Connection> connections_;
+    Connections follow_;
 };
 
 }  // namespace gatehouse

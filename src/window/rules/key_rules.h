@@ -1,10 +1,12 @@
 #pragma once
 
+#include "base/form.h"
 #include "base/log.h"
 #include "base/observable.h"
 #include "base/run_state.h"
 #include "config/bindings.h"
 #include "platform/event_loop.h"
+#include "platform/ground.h"
 
 #include <map>
 #include <string>
@@ -18,11 +20,11 @@ public:
     /// Key buttons by name, each with the actions that have its key.
     using KeysInUse = std::map<std::string_view, std::string>;
 
-    KeyRules(BindingTable& bindlist, RunState& run, Log& log, EventLoop& events)
-        : bindlist_(bindlist), run_(run), log_(log), events_(events) {}
+    KeyRules(const Ground& ground, BindingTable& bindlist)
+        : bindlist_(bindlist), run_(ground.run), log_(ground.log), events_(ground.events) {}
 
     /// Whether the keyboard is on show. Its caption and the buttons that can't be pressed are settled before.
-    Observable<bool> q3keyboard{false};
+    Form q3keyboard{"q3keyboard"};
     std::string caption;
     KeysInUse inUse;
     /// The button pressed last: what a row shows for it, and its name. Both are empty until one is pressed.

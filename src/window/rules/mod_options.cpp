@@ -89,13 +89,13 @@ ModField makeField(const ModOption& option, int index, int place) {
 
 }  // namespace
 
-ModOptions::ModOptions(ModTable& mods, RunState& run, Edits& edits, Dialogs& dialogs, EventLoop& events)
+ModOptions::ModOptions(const Ground& ground, ModTable& mods, Edits& edits)
     : mods_(mods),
-      run_(run),
+      run_(ground.run),
       edits_(edits),
-      dialogs_(dialogs),
-      events_(events),
-      mtimer_(events.createTimer([this] { mtimer_Timer(); })),
+      dialogs_(ground.dialogs),
+      events_(ground.events),
+      mtimer_(events_.createTimer([this] { mtimer_Timer(); })),
       hidden_(q3mod.changed, std::function<void()>([this] {
                   if (!q3mod.get()) mtimer_->setEnabled(false);
               })) {

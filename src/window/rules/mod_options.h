@@ -2,12 +2,14 @@
 
 #include "base/edits.h"
 #include "base/field.h"
+#include "base/form.h"
 #include "base/observable.h"
 #include "base/run_state.h"
 #include "base/signal.h"
 #include "mods/mod_table.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
+#include "platform/ground.h"
 
 #include <cstdint>
 #include <memory>
@@ -65,12 +67,12 @@ struct ModDialogPlan {
 class ModOptions {
 public:
     /// A showing is one change of the document, inside `edits`.
-    ModOptions(ModTable& mods, RunState& run, Edits& edits, Dialogs& dialogs, EventLoop& events);
+    ModOptions(const Ground& ground, ModTable& mods, Edits& edits);
     ModOptions(const ModOptions&) = delete;
     ModOptions& operator=(const ModOptions&) = delete;
 
     /// Whether the dialog is on show.
-    Observable<bool> q3mod{false};
+    Form q3mod{"q3mod"};
     /// The title. It runs through its line when there is no room for all of it.
     Observable<std::string> modname;
     /// The choice of a mod asks for the input focus.

@@ -44,14 +44,12 @@ constexpr std::string_view kNoTab = "no tab";
 const TabInfo& tabInfo(Frame frame) { return kTabs.at(static_cast<std::size_t>(frame)); }
 std::span<const ModeInfo> modes() { return kModes; }
 
-ModeRules::ModeRules(RunState& run, CommandFlags& flags, SettingsDocument& document, ServerTable& iplist, Log& log,
-                     std::function<void()> loadBenchmarkLists)
-    : run_(run),
-      flags_(flags),
+ModeRules::ModeRules(const Ground& ground, SettingsDocument& document, ServerTable& iplist)
+    : run_(ground.run),
+      flags_(ground.flags),
       document_(document),
       iplist_(iplist),
-      log_(log),
-      loadBenchmarkLists_(std::move(loadBenchmarkLists)),
+      log_(ground.log),
       servers_(iplist.count()) {
     iplist_.rowInserted.connect([this](int) { serverCountChanged(); });
     iplist_.rowRemoved.connect([this](int) { serverCountChanged(); });
@@ -69,7 +67,7 @@ void ModeRules::sbar_GroupClick(std::int16_t group) {
     run_.CurrentMode.set(group);
     if (group == kConnect) flags_.SetRunEnabled(!iplist_.empty());
     if (group == kListen || group == kDedicated) flags_.SetRunEnabled(!document_.maplist.empty());
-    if (group == kBenchmark) loadBenchmarkLists_();
+    if (group == kBenchmark) benchmarkEntered.emit();
     log_.logEvent("Mode change. Now:" + quoted(kModes[static_cast<std::size_t>(group - 1)].caption));
     TabKey.set(std::string(kNoTab));
     sbar_ListItemClick(run_.FirstRun ? 1 : 2);

@@ -6,10 +6,10 @@
 #include "base/run_state.h"
 #include "base/signal.h"
 #include "config/settings_document.h"
+#include "platform/ground.h"
 #include "servers/server_entry.h"
 
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -53,8 +53,7 @@ std::span<const ModeInfo> modes();
 /// The side bar: which mode is current, and which of its tabs is on show.
 class ModeRules {
 public:
-    ModeRules(RunState& run, CommandFlags& flags, SettingsDocument& document, ServerTable& iplist, Log& log,
-              std::function<void()> loadBenchmarkLists);
+    ModeRules(const Ground& ground, SettingsDocument& document, ServerTable& iplist);
 
     /// Changes the mode. Fails for a group that isn't there.
     void sbar_GroupClick(std::int16_t group);
@@ -66,6 +65,8 @@ public:
     Observable<std::string> frameCaption;  ///< caption of `sframe`
     /// The table of this frame asks for the input focus.
     Signal<Frame> focusWanted;
+    /// The mode of benchmarks begins: its lists are wanted.
+    Signal<> benchmarkEntered;
 
     static constexpr std::int16_t kNoFrame = -1;
     void restoreDesign();
@@ -80,7 +81,6 @@ private:
     SettingsDocument& document_;
     ServerTable& iplist_;
     Log& log_;
-    std::function<void()> loadBenchmarkLists_;
     int servers_;  ///< how many there were
 };
 

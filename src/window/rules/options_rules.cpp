@@ -28,7 +28,7 @@ bool OptionsRules::ghcdir_LostFocus() {
                              .icon = Icon::Stop});
         return false;
     }
-    parts_.store.setOption("ghcdir", folder);
+    parts_.options.setOption("ghcdir", folder);
     parts_.log.logEvent("option change: ghcdir =" + folder);
     return true;
 }
@@ -39,9 +39,9 @@ void OptionsRules::q3GetFile_Click() {
     const std::string folder = cut(*chosen, 0, static_cast<long>(bareName(*chosen).size()));
     parts_.form.q3FilePath.setText(*chosen);
     parts_.run.GameDir = folder;
-    parts_.store.setOption("exepath", *chosen);
+    parts_.options.setOption("exepath", *chosen);
     parts_.log.logEvent("option change: exepath=" + *chosen);
-    parts_.store.setOption("basedir", folder);
+    parts_.options.setOption("basedir", folder);
     parts_.log.logEvent("option change: basedir=" + folder);
 }
 
@@ -86,11 +86,11 @@ void OptionsRules::unregister_Click() {
                                                .buttons = Buttons::YesNo,
                                                .icon = Icon::Question});
     if (answer != Answer::Yes) return;
-    parts_.store.deleteSection();
+    parts_.options.deleteSection();
     parts_.log.logEvent("Function: Removing Gatehouse registry entries");
-    parts_.closeAllWindows();
+    closeWanted.emit();
     // The main window has stored on its way out whether its console is on show.
-    parts_.store.deleteSection();
+    parts_.options.deleteSection();
     optionsOK_Click();
 }
 

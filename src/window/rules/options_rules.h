@@ -1,14 +1,17 @@
 #pragma once
 
+#include "base/form.h"
 #include "base/log.h"
 #include "base/observable.h"
+#include "base/options.h"
 #include "base/run_state.h"
+#include "base/signal.h"
 #include "config/filescfg.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
+#include "platform/ground.h"
 #include "platform/viewers.h"
 #include "startup/findq3a.h"
-#include "startup/option_store.h"
 #include "startup/options.h"
 
 #include <functional>
@@ -19,18 +22,12 @@
 namespace gatehouse {
 
 /// What the commands of the options dialog act on. All of it outlives them.
-struct OptionsParts {
-    Files& files;
+struct OptionsParts : Ground {
     GameFinder& finder;
-    Dialogs& dialogs;
     Viewers& viewers;
-    Log& log;
-    OptionStore& store;
-    RunState& run;
     OptionsForm& form;
     ConfigDocuments& documents;
     std::function<std::string()> LogPath;
-    std::function<void()> closeAllWindows;
 };
 
 /// The commands of the options dialog `q3options`. Most fields store themselves on every change; the two that don't
@@ -40,7 +37,9 @@ public:
     explicit OptionsRules(OptionsParts parts) : parts_(std::move(parts)) {}
 
     /// Whether the dialog is on show.
-    Observable<bool> q3options{false};
+    Form q3options{"q3options"};
+    /// The program is to end.
+    Signal<> closeWanted;
 
     void mtoolsoptions_Click();
     /// Hides the dialog.

@@ -44,7 +44,7 @@ NameCells previewName(NameCells cells, std::string_view name) {
 
 PlayerRules::PlayerRules(SettingsDocument& doc) : doc_(doc) {
     const auto follow = [this](Field& field, void (PlayerRules::*rule)()) {
-        connections_.emplace_back(field.changed, std::function<void()>([this, rule] { (this->*rule)(); }));
+        follow_.on(field.changed, [this, rule] { (this->*rule)(); });
         (this->*rule)();
     };
     follow(doc.q3playername, &PlayerRules::q3playername_Change);

@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 namespace gatehouse {
 
@@ -71,7 +70,7 @@ private:
     void moveCrosshair(int direction);
 
     SettingsDocument& doc_;
-    std::vector<Connection> connections_;
+    Connections follow_;
 };
 
 }  // namespace gatehouse

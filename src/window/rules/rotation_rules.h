@@ -6,6 +6,7 @@
 #include "base/signal.h"
 #include "config/rotation.h"
 #include "content/map_catalog.h"
+#include "platform/ground.h"
 
 #include <string>
 #include <string_view>
@@ -16,8 +17,8 @@ namespace gatehouse {
 /// of each is the one selected.
 class RotationRules {
 public:
-    RotationRules(Rotation& maplist, MapTree& maptree, CommandFlags& flags, RunState& run, Log& log)
-        : maplist_(maplist), maptree_(maptree), flags_(flags), run_(run), log_(log) {}
+    RotationRules(const Ground& ground, Rotation& maplist, MapTree& maptree)
+        : maplist_(maplist), maptree_(maptree), flags_(ground.flags), run_(ground.run), log_(ground.log) {}
 
     /// The pane that had the input focus last, "TREE" or "LIST"; empty at first.
     std::string focusPane;

@@ -14,36 +14,32 @@ constexpr double kLeastHunkSize = 26.0;
 
 }  // namespace
 
-ServerRules::ServerRules(SettingsDocument& doc, RunState& run, Dialogs& dialogs)
+ServerRules::ServerRules(const Ground& ground, SettingsDocument& doc)
     : doc_(doc),
-      run_(run),
-      dialogs_(dialogs),
+      run_(ground.run),
+      dialogs_(ground.dialogs),
       limits_{{{doc.ui_ffa_fraglimit, doc.ui_ffa_timelimit, nullptr, "Frags:"},
                {doc.ui_tourney_fraglimit, doc.ui_tourney_timelimit, nullptr, "Frags:"},
                {doc.ui_team_fraglimit, doc.ui_team_timelimit, &doc.ui_team_friendly, "Frags:"},
                {doc.ui_ctf_capturelimit, doc.ui_ctf_timelimit, &doc.ui_ctf_friendly, "Caps:"}}} {
-    on(doc.q3gametype.changed, [this] { q3gametype_Click(); });
-    on(doc.dowarmup.changed, [this] { dowarmup_Click(); });
-    on(doc.fraglimit.changed, [this] { fraglimit_Change(); });
-    on(doc.timelimit.changed, [this] { timelimit_Change(); });
-    on(doc.fgame.changed, [this] { fgame_Click(); });
-    on(doc.q3hunksize.changed, [this] { q3hunksize_Change(); });
-    on(doc.q3usepass.changed, [this] { password_Click(doc_.q3usepass, doc_.q3serverpass); });
-    on(doc.q3userconpass.changed, [this] { password_Click(doc_.q3userconpass, doc_.q3rconpass); });
-    on(doc.sv_allowdownload.changed, [this] { sv_allowdownload_Click(); });
+    follow_.on(doc.q3gametype.changed, [this] { q3gametype_Click(); });
+    follow_.on(doc.dowarmup.changed, [this] { dowarmup_Click(); });
+    follow_.on(doc.fraglimit.changed, [this] { fraglimit_Change(); });
+    follow_.on(doc.timelimit.changed, [this] { timelimit_Change(); });
+    follow_.on(doc.fgame.changed, [this] { fgame_Click(); });
+    follow_.on(doc.q3hunksize.changed, [this] { q3hunksize_Change(); });
+    follow_.on(doc.q3usepass.changed, [this] { password_Click(doc_.q3usepass, doc_.q3serverpass); });
+    follow_.on(doc.q3userconpass.changed, [this] { password_Click(doc_.q3userconpass, doc_.q3rconpass); });
+    follow_.on(doc.sv_allowdownload.changed, [this] { sv_allowdownload_Click(); });
     // A limit that a document sets after its game type is shown at once.
     for (const Limits& limits : limits_) {
-        on(limits.frags.changed, [this, &limits] { showIfOnShow(limits, limits.frags, doc_.fraglimit); });
-        on(limits.time.changed, [this, &limits] { showIfOnShow(limits, limits.time, doc_.timelimit); });
+        follow_.on(limits.frags.changed, [this, &limits] { showIfOnShow(limits, limits.frags, doc_.fraglimit); });
+        follow_.on(limits.time.changed, [this, &limits] { showIfOnShow(limits, limits.time, doc_.timelimit); });
         if (!limits.friendlyFire) continue;
-        on(limits.friendlyFire->changed, [this, &limits] {
+        follow_.on(limits.friendlyFire->changed, [this, &limits] {
             if (&limits == limitsOnShow()) doc_.fgame.setValue(limits.friendlyFire->value());
         });
     }
-}
-
-void ServerRules::on(Signal<>& changed, std::function<void()> rule) {
-    connections_.emplace_back(changed, std::move(rule));
 }
 
 const ServerRules::Limits* ServerRules::limitsAt(int position) const {

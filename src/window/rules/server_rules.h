@@ -4,11 +4,10 @@
 #include "base/signal.h"
 #include "config/settings_document.h"
 #include "platform/dialogs.h"
+#include "platform/ground.h"
 
 #include <array>
-#include <functional>
 #include <string_view>
-#include <vector>
 
 namespace gatehouse {
 
@@ -17,7 +16,7 @@ namespace gatehouse {
 class ServerRules {
 public:
     /// The rules hold from here on, for as long as this object lives.
-    ServerRules(SettingsDocument& doc, RunState& run, Dialogs& dialogs);
+    ServerRules(const Ground& ground, SettingsDocument& doc);
     ServerRules(const ServerRules&) = delete;
     ServerRules& operator=(const ServerRules&) = delete;
 
@@ -46,13 +45,12 @@ private:
     void storeLimits(const Limits& limits);
     void showLimits();
     void showWarmup();
-    void on(Signal<>& changed, std::function<void()> rule);
 
     SettingsDocument& doc_;
     RunState& run_;
     Dialogs& dialogs_;
     std::array<Limits, 4> limits_;
-    std::vector<Connection> connections_;
+    Connections follow_;
 };
 
 }  // namespace gatehouse

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "base/command_flags.h"
+#include "base/form.h"
 #include "base/log.h"
 #include "base/run_state.h"
 #include "config/settings_document.h"
 #include "content/model_catalog.h"
 #include "platform/dialogs.h"
+#include "platform/ground.h"
 #include "servers/server_entry.h"
 #include "window/rules/key_rules.h"
 
@@ -17,11 +19,7 @@
 namespace gatehouse {
 
 /// What the reset acts on. All of it outlives the reset.
-struct TabResetParts {
-    Dialogs& dialogs;
-    Log& log;
-    RunState& run;
-    CommandFlags& flags;
+struct TabResetParts : Ground {
     SettingsDocument& doc;
     ServerTable& iplist;
     const ModelCatalog& models;
@@ -39,7 +37,7 @@ public:
     TabReset& operator=(const TabReset&) = delete;
 
     /// The dialog that asks whether all tabs are meant or the current one.
-    Observable<bool> q3resetprompt{false};
+    Form q3resetprompt{"q3resetprompt"};
     void mtoolsreset_Click() { q3resetprompt.set(true); }
     /// What follows a button of the dialog: "current", "all", or nothing for a cancel.
     void chooseReset(std::string_view word);

@@ -46,16 +46,15 @@ struct DocumentDesk {
     static inline const std::string kPath = "C:\\gh\\My.ghc";
 
     World world;
-    RunState run;
-    CommandFlags flags;
+    RunState& run = world.run;
+    CommandFlags& flags = world.flags;
     OptionsForm options;
-    OptionStore store{world.settings, world.log};
+    OptionStore& store = world.store;
     SettingsDocument doc;
     FakeHost host;
     std::vector<Choice> gameTypes{{"Free For All", 0}, {"Tournament", 1}, {"Teamplay", 3}, {"CTF!", 4}};
-    ServerRules rules{doc, run, world.dialogs};
-    ConfigDocuments documents{
-        {world.files, world.dialogs, world.log, store, run, doc, flags, host, options.ghcdir, options.q3overwrite}};
+    ServerRules rules{world.ground, doc};
+    ConfigDocuments documents{{world.ground, doc, host, options.ghcdir, options.q3overwrite}};
 };
 
 }  // namespace gatehouse::fake

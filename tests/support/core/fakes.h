@@ -1,6 +1,8 @@
 #pragma once
 
+#include "base/command_flags.h"
 #include "base/log.h"
+#include "base/run_state.h"
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "platform/archives.h"
@@ -10,12 +12,14 @@
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
+#include "platform/ground.h"
 #include "platform/processes.h"
 #include "platform/random.h"
 #include "platform/services.h"
 #include "platform/settings_store.h"
 #include "platform/udp_socket.h"
 #include "platform/viewers.h"
+#include "startup/option_store.h"
 
 #include <deque>
 #include <map>
@@ -234,6 +238,10 @@ struct World {
     FakeViewers viewers;
     Random random;
     RecordingLog log;
+    RunState run;
+    CommandFlags flags;
+    OptionStore store{settings, log};
+    Ground ground{files, dialogs, events, log, store, run, flags};
     Services services{files,   settings,  events,   clock,  dialogs, clipboard,
                       windows, processes, archives, socket, viewers, random};
 };

@@ -12,7 +12,7 @@ protected:
     fake::DocumentDesk desk;
     BotTable& bots = desk.doc.q3botlist;
     CommandFlags& flags = desk.flags;
-    BotsRules rules{desk.doc, desk.flags, desk.run, desk.world.events};
+    BotsRules rules{desk.world.ground, desk.doc};
 
     /// Adds a bot, with what a person does in the dialog.
     void add(std::function<void()> answer) {

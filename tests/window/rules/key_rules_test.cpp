@@ -10,9 +10,9 @@ namespace {
 TEST(KeyRules, AKeyInUseByAnyRowCannotBePickedAgain) {
     fake::World world;
     BindingTable bindlist;
-    RunState run;
+    RunState& run = world.run;
     std::vector<std::string>& lines = world.log.lines;
-    KeyRules rules{bindlist, run, world.log, world.events};
+    KeyRules rules{world.ground, bindlist};
     fillBindings(bindlist);
     bindlist.append({"Alias: wave", "a1", "T", "KT", BindingKind::Alias});
     bindlist.append({"Alias: shout", "a2", "T", "kt", BindingKind::Alias});

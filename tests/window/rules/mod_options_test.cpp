@@ -28,10 +28,10 @@ struct ModOptionsTest : testing::Test {
     }
 
     fake::World world;
-    RunState run;
+    RunState& run = world.run;
     ModTable mods;
     Edits edits;
-    ModOptions options{mods, run, edits, world.dialogs, world.events};
+    ModOptions options{world.ground, mods, edits};
 };
 
 TEST_F(ModOptionsTest, LaysOutByWhatIsDeclaredAndWhatIsShown) {

@@ -10,16 +10,20 @@ namespace {
 
 class ModesTest : public testing::Test {
 protected:
+    ModesTest() {
+        rules.benchmarkEntered.connect([this] {
+            ++listLoads;
+            flags.SetRunEnabled(false);
+        });
+    }
+
     fake::World world;
-    RunState run;
-    CommandFlags flags;
+    RunState& run = world.run;
+    CommandFlags& flags = world.flags;
     SettingsDocument document;
     ServerTable iplist;
     int listLoads = 0;
-    ModeRules rules{run, flags, document, iplist, world.log, [this] {
-                        ++listLoads;
-                        flags.SetRunEnabled(false);
-                    }};
+    ModeRules rules{world.ground, document, iplist};
 };
 
 TEST_F(ModesTest, RunIsOfferedWhereAModeHasWhatItNeeds) {

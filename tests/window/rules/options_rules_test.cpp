@@ -18,7 +18,7 @@ protected:
         program.mtoolsoptions_Click();
     }
     bool logged(const std::string& line) {
-        return ("\r\n" + program.q3.q3console.get() + "\r\n").find("\r\n" + line + "\r\n") != std::string::npos;
+        return ("\r\n" + program.startup.q3.q3console.get() + "\r\n").find("\r\n" + line + "\r\n") != std::string::npos;
     }
     std::string stored(const char* key) {
         return world.settings.values.contains(key) ? world.settings.values.at(key) : "<none>";
@@ -26,7 +26,7 @@ protected:
 
     fake::UsedWorld world;
     Gatehouse program{world.services, "C:\\gh"};
-    OptionsRules& rules = program.optionsRules;
+    OptionsRules& rules = program.rules.optionsRules;
 };
 
 TEST_F(OptionsRulesTest, AChosenGameIsStoredWithItsFolderAndUsedAtOnce) {
@@ -36,7 +36,7 @@ TEST_F(OptionsRulesTest, AChosenGameIsStoredWithItsFolderAndUsedAtOnce) {
 
     world.dialogs.choose("C:\\Games\\Arena\\arena.exe");  // a name of another length than the usual one's
     rules.q3GetFile_Click();
-    EXPECT_EQ(program.options.q3FilePath.text(), "C:\\Games\\Arena\\arena.exe");
+    EXPECT_EQ(program.startup.options.q3FilePath.text(), "C:\\Games\\Arena\\arena.exe");
     EXPECT_EQ(stored("exepath"), "C:\\Games\\Arena\\arena.exe");
     EXPECT_EQ(stored("basedir"), "C:\\Games\\Arena\\");
     EXPECT_EQ(program.run.GameDir, "C:\\Games\\Arena\\");

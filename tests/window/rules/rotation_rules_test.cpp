@@ -36,12 +36,12 @@ protected:
     bool canMove() const { return flags.mtool1[1].get() && flags.mtool1[2].get(); }
 
     fake::World world;
-    RunState run;
-    CommandFlags flags;
+    RunState& run = world.run;
+    CommandFlags& flags = world.flags;
     Rotation maplist;
-    MapCatalog catalog{world.files, world.log, run};
+    MapCatalog catalog{world.ground};
     MapTree& tree = catalog.maptree;
-    RotationRules rules{maplist, tree, flags, run, world.log};
+    RotationRules rules{world.ground, maplist, tree};
 };
 
 TEST_F(RotationRulesTest, AddingMarksEveryNodeOfTheMapAndWalksOn) {

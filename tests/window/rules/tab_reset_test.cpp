@@ -25,13 +25,13 @@ protected:
     fake::DocumentDesk desk;
     SettingsDocument& doc = desk.doc;
     fake::RecordingLog& log = desk.world.log;
+    const Ground& ground = desk.world.ground;
     ServerTable iplist;
-    ModelCatalog models{desk.world.files, log, desk.run};
-    KeyRules keys{doc.bindlist, desk.run, log, desk.world.events};
+    ModelCatalog models{ground};
+    KeyRules keys{ground, doc.bindlist};
     Observable<std::string> tabKey{std::string("servers")};
     std::string model;
-    TabReset reset{{desk.world.dialogs, log, desk.run, desk.flags, doc, iplist, models, keys, tabKey,
-                    [this](const std::string& path) { model = path; }}};
+    TabReset reset{{ground, doc, iplist, models, keys, tabKey, [this](const std::string& path) { model = path; }}};
 };
 
 TEST_F(TabResetTest, ACurrentTabIsResetAloneAndWithoutAQuestion) {

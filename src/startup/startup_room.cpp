@@ -1,0 +1,14 @@
+#include "startup/startup_room.h"
+
+namespace gatehouse {
+
+StartupRoom::StartupRoom(const Services& services)
+    : log(services.files, services.events, services.clock, run, options, splash, q3),
+      store(services.settings, log),
+      ground{services.files, services.dialogs, services.events, log, store, run, flags},
+      keeper(options, store, log, run),
+      finder(ground, splash) {
+    restores(q3, splash, keeper);
+}
+
+}  // namespace gatehouse

@@ -1,0 +1,56 @@
+#include "window/form_views.h"
+
+#include "startup/gatehouse.h"
+#include "window/dialogs/about_dialog.h"
+#include "window/dialogs/address_dialog.h"
+#include "window/dialogs/keyboard_dialog.h"
+#include "window/dialogs/mod_dialog.h"
+#include "window/dialogs/new_bot_dialog.h"
+#include "window/dialogs/options_dialog.h"
+#include "window/dialogs/players_dialog.h"
+#include "window/dialogs/reset_prompt.h"
+
+namespace gatehouse {
+
+namespace {
+
+struct FormView {
+    std::string_view form;
+    QDialog* (*make)(Gatehouse& program, QWidget* parent);
+};
+
+constexpr FormView kFormViews[] = {
+    {"q3newbot",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* { return new NewBotDialog(program.rules.botsRules, parent); }},
+    {"q3newip",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* {
+         return new AddressDialog(program.servers.addressForm, parent);
+     }},
+    {"q3about", [](Gatehouse& program, QWidget* parent) -> QDialog* { return new AboutDialog(program, parent); }},
+    {"q3keyboard",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* {
+         return new KeyboardDialog(program.rules.keyRules, parent);
+     }},
+    {"q3resetprompt",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* { return new ResetPrompt(program.rules.tabReset, parent); }},
+    {"q3options",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* {
+         return new OptionsDialog(program.startup.options, program.rules.optionsRules, parent);
+     }},
+    {"q3players",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* {
+         return new PlayersDialog(program.servers.playersForm, parent);
+     }},
+    {"q3mod",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* { return new ModDialog(program.rules.modOptions, parent); }},
+};
+
+}  // namespace
+
+QDialog* makeFormView(std::string_view form, Gatehouse& program, QWidget* parent) {
+    for (const FormView& view : kFormViews)
+        if (view.form == form) return view.make(program, parent);
+    return nullptr;
+}
+
+}  // namespace gatehouse

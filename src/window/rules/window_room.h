@@ -1,0 +1,49 @@
+#pragma once
+
+#include "base/room.h"
+#include "base/signal.h"
+#include "config/config_room.h"
+#include "content/content_room.h"
+#include "mods/mods_room.h"
+#include "platform/services.h"
+#include "servers/servers_room.h"
+#include "startup/startup_room.h"
+#include "window/rules/bots_rules.h"
+#include "window/rules/key_rules.h"
+#include "window/rules/mod_options.h"
+#include "window/rules/modes.h"
+#include "window/rules/options_rules.h"
+#include "window/rules/player_rules.h"
+#include "window/rules/rotation_rules.h"
+#include "window/rules/server_rules.h"
+#include "window/rules/tab_reset.h"
+
+namespace gatehouse {
+
+/// What the main window decides: modes and tabs, the rules that tie fields together, and the forms that belong to no
+/// other room.
+class WindowRoom : public Room {
+public:
+    WindowRoom(StartupRoom& startup, const Services& services, ConfigRoom& config, ModsRoom& mods, ContentRoom& content,
+               ServersRoom& servers);
+
+    ModOptions modOptions;
+    ServerRules serverRules;
+    ModeRules modes;
+    PlayerRules playerRules;
+    BotsRules botsRules;
+    KeyRules keyRules;
+    RotationRules rotationRules;
+    TabReset tabReset;
+    OptionsRules optionsRules;
+    Form q3about{"q3about"};
+
+    void mhelpabout_Click();
+    void q3aboutOK_Click();
+
+private:
+    Log& log_;
+    Connections follow_;
+};
+
+}  // namespace gatehouse
