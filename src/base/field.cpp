@@ -7,9 +7,10 @@
 
 namespace gatehouse {
 
-Field::Field(FieldGroup& group, Kind kind, const FieldSpec& spec, std::optional<Range> range)
+Field::Field(FieldPlace place, Kind kind, const FieldSpec& spec, std::optional<Range> range)
     : kind_(kind), spec_(spec), range_(range) {
-    group.fields.push_back(this);
+    place.group.fields.push_back(this);
+    if (place.section) place.section->fields.push_back(this);
 }
 
 void Field::restoreDesign() {
@@ -24,8 +25,8 @@ std::string Field::title() const {
     return text;
 }
 
-Int16Field::Int16Field(FieldGroup& group, Kind kind, const FieldSpec& spec, std::int16_t design)
-    : Field(group, kind, spec, {}), design_(design), value_(design) {}
+Int16Field::Int16Field(FieldPlace place, Kind kind, const FieldSpec& spec, std::int16_t design)
+    : Field(place, kind, spec, {}), design_(design), value_(design) {}
 
 void Int16Field::setValue(std::int16_t value) {
     if (value == value_) return;
@@ -36,12 +37,12 @@ void Int16Field::setValue(std::int16_t value) {
 std::string Int16Field::valueText() const { return std::to_string(value_); }
 void Int16Field::setValueText(const std::string& text) { setValue(strictInt16(text)); }
 
-TextField::TextField(FieldGroup& group, const FieldSpec& spec, std::string_view design, std::optional<Range> range)
-    : TextField(group, Kind::Text, spec, design, range) {}
+TextField::TextField(FieldPlace place, const FieldSpec& spec, std::string_view design, std::optional<Range> range)
+    : TextField(place, Kind::Text, spec, design, range) {}
 
-TextField::TextField(FieldGroup& group, Kind kind, const FieldSpec& spec, std::string_view design,
+TextField::TextField(FieldPlace place, Kind kind, const FieldSpec& spec, std::string_view design,
                      std::optional<Range> range)
-    : Field(group, kind, spec, range), design_(design), text_(design) {}
+    : Field(place, kind, spec, range), design_(design), text_(design) {}
 
 void TextField::setText(std::string text) {
     if (text == text_) return;
@@ -49,11 +50,11 @@ void TextField::setText(std::string text) {
     changed.emit();
 }
 
-LabelField::LabelField(FieldGroup& group, const FieldSpec& spec, std::string_view design, std::optional<Range> range)
-    : TextField(group, Kind::Label, spec, design, range) {}
+LabelField::LabelField(FieldPlace place, const FieldSpec& spec, std::string_view design, std::optional<Range> range)
+    : TextField(place, Kind::Label, spec, design, range) {}
 
-ListField::ListField(FieldGroup& group, const FieldSpec& spec, std::vector<std::string> entries, int design)
-    : Field(group, Kind::List, spec, {}), design_(design), index_(design) {
+ListField::ListField(FieldPlace place, const FieldSpec& spec, std::vector<std::string> entries, int design)
+    : Field(place, Kind::List, spec, {}), design_(design), index_(design) {
     for (auto& entry : entries) choices_.push_back({std::move(entry), 0});
 }
 
@@ -80,8 +81,8 @@ void ListField::restoreValue() {
     setIndex(std::min(design_, static_cast<int>(choices_.size()) - 1));
 }
 
-SliderField::SliderField(FieldGroup& group, const FieldSpec& spec, Range range, int design)
-    : Field(group, Kind::Slider, spec, range), design_(design), position_(design) {}
+SliderField::SliderField(FieldPlace place, const FieldSpec& spec, Range range, int design)
+    : Field(place, Kind::Slider, spec, range), design_(design), position_(design) {}
 
 void SliderField::setPosition(int position) {
     position = std::clamp(position, range()->min, range()->max);

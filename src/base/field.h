@@ -15,6 +15,8 @@ namespace gatehouse {
 
 class Field;
 
+struct FieldSection;
+
 /// The fields of one tab or dialog, in the order in which a person meets them.
 struct FieldGroup {
     explicit FieldGroup(std::string_view groupName) : name(groupName) {}
@@ -23,6 +25,34 @@ struct FieldGroup {
 
     std::string_view name;
     std::vector<Field*> fields;
+    std::vector<FieldSection*> sections;
+};
+
+/// The two columns of a tab.
+enum class Column { Left, Right };
+
+/// Fields of a group that stand together under a heading.
+struct FieldSection {
+    FieldSection(FieldGroup& sectionGroup, std::string_view sectionHeading, Column sectionColumn)
+        : group(sectionGroup), heading(sectionHeading), column(sectionColumn) {
+        group.sections.push_back(this);
+    }
+    FieldSection(const FieldSection&) = delete;
+    FieldSection& operator=(const FieldSection&) = delete;
+
+    FieldGroup& group;
+    std::string_view heading;
+    Column column;
+    std::vector<Field*> fields;
+};
+
+/// Where a field is declared: in a group, or in a section of one.
+struct FieldPlace {
+    FieldPlace(FieldGroup& owner) : group(owner) {}
+    FieldPlace(FieldSection& owner) : group(owner.group), section(&owner) {}
+
+    FieldGroup& group;
+    FieldSection* section = nullptr;
 };
 
 /// What is fixed about a field: its name, and what a person is shown.
@@ -79,7 +109,7 @@ public:
     Signal<> left;
 
 protected:
-    Field(FieldGroup& group, Kind kind, const FieldSpec& spec, std::optional<Range> range);
+    Field(FieldPlace place, Kind kind, const FieldSpec& spec, std::optional<Range> range);
 
 private:
     virtual void restoreValue() = 0;
@@ -98,7 +128,7 @@ public:
     void setValueText(const std::string& text) override;
 
 protected:
-    Int16Field(FieldGroup& group, Kind kind, const FieldSpec& spec, std::int16_t design);
+    Int16Field(FieldPlace place, Kind kind, const FieldSpec& spec, std::int16_t design);
 
 private:
     void restoreValue() override { setValue(design_); }
@@ -109,28 +139,28 @@ private:
 /// A whole number with the two states of a check box, 0 and 1; a document may give it any other number.
 class CheckField : public Int16Field {
 public:
-    CheckField(FieldGroup& group, const FieldSpec& spec, std::int16_t design = 0)
-        : Int16Field(group, Kind::Check, spec, design) {}
+    CheckField(FieldPlace place, const FieldSpec& spec, std::int16_t design = 0)
+        : Int16Field(place, Kind::Check, spec, design) {}
 };
 
 /// A 16-bit number with no control of its own.
 class NumberField : public Int16Field {
 public:
-    NumberField(FieldGroup& group, const FieldSpec& spec, std::int16_t design = 0)
-        : Int16Field(group, Kind::Number, spec, design) {}
+    NumberField(FieldPlace place, const FieldSpec& spec, std::int16_t design = 0)
+        : Int16Field(place, Kind::Number, spec, design) {}
 };
 
 /// An exact text, blanks included. With a range it has spin buttons; a typed value may lie outside of it.
 class TextField : public Field {
 public:
-    TextField(FieldGroup& group, const FieldSpec& spec, std::string_view design = {}, std::optional<Range> range = {});
+    TextField(FieldPlace place, const FieldSpec& spec, std::string_view design = {}, std::optional<Range> range = {});
     const std::string& text() const { return text_; }
     void setText(std::string text);
     std::string valueText() const override { return text_; }
     void setValueText(const std::string& text) override { setText(text); }
 
 protected:
-    TextField(FieldGroup& group, Kind kind, const FieldSpec& spec, std::string_view design, std::optional<Range> range);
+    TextField(FieldPlace place, Kind kind, const FieldSpec& spec, std::string_view design, std::optional<Range> range);
 
 private:
     void restoreValue() override { setText(design_); }
@@ -141,7 +171,7 @@ private:
 /// A text that is shown and not typed; its value is what a screen reader reads out.
 class LabelField : public TextField {
 public:
-    LabelField(FieldGroup& group, const FieldSpec& spec, std::string_view design = {}, std::optional<Range> range = {});
+    LabelField(FieldPlace place, const FieldSpec& spec, std::string_view design = {}, std::optional<Range> range = {});
 };
 
 /// One entry of a list and the number kept with it.
@@ -154,7 +184,7 @@ struct Choice {
 /// A drop-down list: entries from 0, -1 when nothing is selected.
 class ListField : public Field {
 public:
-    ListField(FieldGroup& group, const FieldSpec& spec, std::vector<std::string> entries = {}, int design = -1);
+    ListField(FieldPlace place, const FieldSpec& spec, std::vector<std::string> entries = {}, int design = -1);
     int index() const { return index_; }
     /// Fails for an index that is neither -1 nor an entry.
     void setIndex(int index);
@@ -180,7 +210,7 @@ private:
 /// A position between the bounds of its range; what lies outside is clamped.
 class SliderField : public Field {
 public:
-    SliderField(FieldGroup& group, const FieldSpec& spec, Range range, int design);
+    SliderField(FieldPlace place, const FieldSpec& spec, Range range, int design);
     int position() const { return position_; }
     void setPosition(int position);
     std::string valueText() const override;

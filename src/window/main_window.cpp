@@ -59,9 +59,9 @@ QWidget* makeTabContent(Frame frame, Gatehouse& program) {
             return makeKeysTab(doc, program.rules.keyRules);
         case kBotsFrame:
             return makeBotsTab(doc, program.rules.botsRules, program.flags);
-        case kVideoFrame: return makeVideoTab(doc);
-        case kTweak1Frame: return makeTweak1Tab(doc);
-        case kTweak2Frame: return makeTweak2Tab(doc);
+        case kVideoFrame: return makeSettingsTab(doc.video);
+        case kTweak1Frame: return makeSettingsTab(doc.tweak1);
+        case kTweak2Frame: return makeSettingsTab(doc.tweak2);
         default: return nullptr;
     }
 }

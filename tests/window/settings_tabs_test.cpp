@@ -35,7 +35,7 @@ protected:
         doc.modcombo.setChoices({{"one", 0}, {"two", 1}});
         doc.q3gametype.setChoices({{"one", 0}, {"two", 1}});
         tabs.emplace_back(makeServerTab(doc, modOptions));
-        for (auto make : {makeVideoTab, makeTweak1Tab, makeTweak2Tab}) tabs.emplace_back(make(doc));
+        for (const FieldGroup* group : {&doc.video, &doc.tweak1, &doc.tweak2}) tabs.emplace_back(makeSettingsTab(*group));
         for (const auto& tab : tabs) {
             tab->resize(400, 200);
             tab->show();

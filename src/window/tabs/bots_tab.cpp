@@ -67,12 +67,9 @@ QWidget* makeNamedBots(BotTable& q3botlist, BotsRules& rules, CommandFlags& flag
 }  // namespace
 
 QWidget* makeBotsTab(SettingsDocument& doc, BotsRules& rules, CommandFlags& flags) {
-    auto* form = new SettingsForm(FormPlan{
-        .left = {{"Who Joins", {{doc.q3randbots}}},
-                 {"Behaviour", {{doc.q3bot_nochat}, {doc.q3botfastchat}, {doc.q3botrjump}}}},
-        .right = {}});
-    auto* random =
-        new SettingsForm(FormPlan{.left = {{"Random Bots", {{doc.q3randnum}, {doc.q3randskill}}}}, .right = {}});
+    const FormPlan plan = planOf(doc.bots);
+    auto* form = new SettingsForm({.left = plan.left, .right = {}});
+    auto* random = new SettingsForm({.left = plan.right, .right = {}});
     QWidget* named = makeNamedBots(doc.q3botlist, rules, flags);
 
     // Either half of the choice takes the right side.

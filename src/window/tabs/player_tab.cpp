@@ -46,17 +46,9 @@ void setStep(const QWidget& form, LabelField& field, std::function<void(int)> st
 
 QWidget* makePlayerTab(SettingsDocument& doc, PlayerRules& rules, ModelCatalog& models, RunState& run) {
     auto* form =
-        new SettingsForm(FormPlan{.left = {{"Player",
-                                            {{.field = doc.q3playername, .below = new NamePreview(rules.nc)},
-                                             {doc.q3sexmale},
-                                             {doc.q3sexfemale},
-                                             {doc.q3handicap},
-                                             {doc.cg_autoswitch}}},
-                                           {"Looks",
-                                            {{doc.currmodel},
+        new SettingsForm(planOf(doc.player, {{.field = doc.q3playername, .below = new NamePreview(rules.nc)},
                                              {.field = doc.q3fxcolor, .behind = new ColourPreview(rules.fxpreview)},
-                                             {.field = doc.chindex, .behind = new CrosshairPreview(rules.chpic)}}}},
-                                  .right = {}});
+                                             {.field = doc.chindex, .behind = new CrosshairPreview(rules.chpic)}}));
     setStep(*form, doc.chindex, [&rules](int direction) {
         direction < 0 ? rules.crosshairupdown_DownClick() : rules.crosshairupdown_UpClick();
     });

@@ -14,6 +14,9 @@
 #include <QScrollBar>
 #include <QSlider>
 
+#include <algorithm>
+#include <utility>
+
 namespace gatehouse {
 
 namespace {
@@ -47,6 +50,24 @@ void useBuddy(const QLabel& caption) {
 }
 
 }  // namespace
+
+FormPlan planOf(const FieldGroup& group, const std::vector<FormRow>& special) {
+    const auto isPartOf = [](const Field* field) {
+        return [field](const FormRow& row) { return row.title == field || row.lock == field; };
+    };
+    FormPlan plan;
+    for (const FieldSection* section : group.sections) {
+        FormSection part{section->heading, {}};
+        for (Field* field : section->fields) {
+            if (std::any_of(special.begin(), special.end(), isPartOf(field))) continue;
+            const auto row = std::find_if(special.begin(), special.end(),
+                                          [field](const FormRow& one) { return &one.field == field; });
+            part.rows.push_back(row != special.end() ? *row : FormRow{*field});
+        }
+        (section->column == Column::Left ? plan.left : plan.right).push_back(std::move(part));
+    }
+    return plan;
+}
 
 SettingsForm::SettingsForm(const FormPlan& plan, QWidget* parent) : QScrollArea(parent) {
     auto* body = new QWidget;

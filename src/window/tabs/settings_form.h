@@ -40,6 +40,10 @@ struct FormPlan {
     std::vector<FormSection> right;
 };
 
+/// The sections of a group as they are declared. `special` rows stand in place of those of their fields; a field that is
+/// the title or the lock of one has no row of its own.
+FormPlan planOf(const FieldGroup& group, const std::vector<FormRow>& special = {});
+
 /// A tab full of settings. Its columns stand side by side where there is room for both, and below each other where
 /// there isn't; what is too high is scrolled to. The fields must outlive it.
 class SettingsForm : public QScrollArea {

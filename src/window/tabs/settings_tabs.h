@@ -4,6 +4,7 @@ class QWidget;
 
 namespace gatehouse {
 
+struct FieldGroup;
 class ModOptions;
 struct SettingsDocument;
 
@@ -11,8 +12,7 @@ struct SettingsDocument;
 
 /// Beside the choice of a mod stands the way to its options.
 QWidget* makeServerTab(SettingsDocument& doc, ModOptions& modOptions);
-QWidget* makeVideoTab(SettingsDocument& doc);
-QWidget* makeTweak1Tab(SettingsDocument& doc);
-QWidget* makeTweak2Tab(SettingsDocument& doc);
+/// All settings of a group, section by section.
+QWidget* makeSettingsTab(const FieldGroup& group);
 
 }  // namespace gatehouse
