@@ -16,6 +16,7 @@ struct RunState {
     bool FirstRun = false;
     bool RunErrors = false;  ///< set by a run command that failed
     std::string RunFailure;  ///< why the last one failed
+    bool SaveFailed = false;  ///< a list that was to be kept is not on the disk
     Observable<bool> ShowConsole{false};
     bool LogOpen = false;
     std::string AppDir;         ///< program folder, ends in a backslash

@@ -52,8 +52,8 @@ public:
     ConfigDocuments(const ConfigDocuments&) = delete;
     ConfigDocuments& operator=(const ConfigDocuments&) = delete;
 
-    /// Writes the document over whatever is there and clears its changed flag. Fails, with the old file untouched, for
-    /// a document that can't be put into lines; fails when the file can't be deleted, made or written.
+    /// Puts the document in place of whatever is there and clears its changed flag. Fails, with the old file untouched,
+    /// for a document that can't be put into lines, and when the file can't be replaced.
     void writeConfig(const std::string& path);
     /// Writes default.ghc into the folder of the documents. Fails like any file.
     void writeDefaultConfig();

@@ -116,19 +116,14 @@ void ConfigDocuments::writeConfig(const std::string& path) {
     const auto sections = compose(BadLines::Fail);
     // From here to the end of the file, what is in memory may be all there is.
     parts_.run.ConfigChanged = true;
-    if (files.fileExists(path)) {
-        files.deleteFile(path, false);
-        log.logEvent("Deleted existing file OK");
-    } else {
-        log.logEvent("File does not exist");
-    }
-    const auto file = files.createText(path);
-    log.logEvent("File created OK");
-    for (const Section& section : sections) {
-        file->write(section.text);
-        log.logEvent(section.report);
-    }
+    const bool replaces = files.fileExists(path);
+    const auto file = files.replaceText(path);
+    for (const Section& section : sections) file->write(section.text);
+    // The old file goes in here, at one stroke with the coming of the new one: it is told when it is done.
     file->close();
+    log.logEvent(replaces ? "Deleted existing file OK" : "File does not exist");
+    log.logEvent("File created OK");
+    for (const Section& section : sections) log.logEvent(section.report);
     log.logEvent("File written OK");
     parts_.run.ConfigChanged = false;
     // The stored path, whatever was written.
@@ -137,7 +132,7 @@ void ConfigDocuments::writeConfig(const std::string& path) {
 
 void ConfigDocuments::writeRescue(const std::string& path) {
     const auto sections = compose(BadLines::LeaveOut);
-    const auto file = parts_.files.createText(path);
+    const auto file = parts_.files.replaceText(path);
     for (const Section& section : sections) file->write(section.text);
     file->close();
 }
@@ -146,7 +141,7 @@ void ConfigDocuments::writeDefaultConfig() {
     parts_.log.logEvent("Writing default.ghc");
     Lines lines(false);
     for (const std::string& line : defaultDocumentLines()) lines.add(line);
-    const auto file = parts_.files.createText(defaultPath());
+    const auto file = parts_.files.replaceText(defaultPath());
     parts_.log.logEvent("File opened OK");
     file->write(lines.take());
     file->close();

@@ -4,8 +4,8 @@
 #include "base/run_state.h"
 #include "base/text.h"
 #include "content/standard_maps.h"
+#include "platform/dialogs.h"
 #include "platform/files.h"
-#include "platform/replaced_file.h"
 
 #include <array>
 #include <optional>
@@ -89,6 +89,7 @@ void MapCatalog::loadUserMaps() {
         file = files_.openText(userMapsPath());
     } catch (const FileFailure&) {
         log_.logEvent("Couldn't open usermaps.txt");
+        unread_ = files_.fileExists(userMapsPath());
         return;
     }
     log_.logEvent("File opened OK");
@@ -105,27 +106,53 @@ void MapCatalog::loadUserMaps() {
         addUserMap(name, mid(line, blank + 1));
         log_.logEvent("->parsed " + name + " OK");
     }
+    kept_ = userMapLines();
     log_.logEvent(std::to_string(userMapCounter_ - static_cast<int>(kStandardMapCount)) + " Maps parsed OK");
 }
 
 void MapCatalog::saveUserMaps() {
     log_.logEvent("Saving usermaps.txt");
+    if (unread_) return log_.logEvent("usermaps.txt could not be read: it stays as it is", true);
     std::string text;
     for (const auto line : kHeaderLines) text.append(line).append(kCrLf);
-    for (int position = 1; position <= maptree.count(); ++position) {
-        const MapEntry& node = maptree.at(position);
-        if (startsWith(node.key, kUserPrefix)) text.append(node.text).append(kCrLf);
-    }
-    std::optional<ReplacedFile> file;
+    text += userMapLines();
     try {
-        file.emplace(files_, userMapsPath());
-    } catch (const FileFailure&) {
+        if (holds(text)) {
+            log_.logEvent("File opened OK");  // and not a byte of it is another
+        } else {
+            const auto file = files_.replaceText(userMapsPath());
+            log_.logEvent("File opened OK");
+            file->write(text);
+            file->close();
+        }
+    } catch (const FileFailure& failure) {
         log_.logEvent("Couldn't write to usermaps.txt");
+        log_.logEvent(failure.what(), true);
+        if (userMapLines() == kept_) return;  // nothing of the user's is lost
+        run_.SaveFailed = true;
+        dialogs_.show(
+            {.title = "User Maps",
+             .text = std::string("The user maps are not saved. What was on the disk is still there.\r\n\r\n") +
+                     failure.what(),
+             .icon = Icon::Stop,
+             .safeAnswer = Answer::Ok});
         return;
     }
-    log_.logEvent("File opened OK");
-    file->finish(text);
+    kept_ = userMapLines();
     log_.logEvent(std::to_string(maptree.count() - kFixedNodes) + " maps written OK");
+}
+
+std::string MapCatalog::userMapLines() const {
+    std::string lines;
+    for (int position = 1; position <= maptree.count(); ++position) {
+        const MapEntry& node = maptree.at(position);
+        if (startsWith(node.key, kUserPrefix)) lines.append(node.text).append(kCrLf);
+    }
+    return lines;
+}
+
+bool MapCatalog::holds(const std::string& text) const {
+    return files_.fileExists(userMapsPath()) && files_.openText(userMapsPath())->readBytes(text.size() + 1) == text;
 }
 
 int MapCatalog::addUserMap(const std::string& name, const std::string& description) {

@@ -10,6 +10,7 @@
 
 namespace gatehouse {
 
+class Dialogs;
 class Files;
 struct RunState;
 
@@ -30,7 +31,8 @@ using MapTree = Table<MapEntry>;
 /// The catalog of maps: the tree `maptree`, the standard maps and the file `usermaps.txt`.
 class MapCatalog {
 public:
-    explicit MapCatalog(const Ground& ground) : files_(ground.files), log_(ground.log), run_(ground.run) {}
+    explicit MapCatalog(const Ground& ground)
+        : files_(ground.files), dialogs_(ground.dialogs), log_(ground.log), run_(ground.run) {}
 
     MapTree maptree;
 
@@ -38,7 +40,8 @@ public:
     void loadStandardMaps();
     /// Adds the maps of `usermaps.txt` under the group of user maps.
     void loadUserMaps();
-    /// Writes `usermaps.txt` whole.
+    /// Writes `usermaps.txt` whole, unless it is that already. A failure is logged, and told
+    /// where it costs a map.
     void saveUserMaps();
     /// Adds a user map and returns its position.
     int addUserMap(const std::string& name, const std::string& description);
@@ -50,11 +53,18 @@ public:
 
 private:
     std::string userMapsPath() const;
+    /// The lines of the user maps.
+    std::string userMapLines() const;
+    /// True if `usermaps.txt` is this text.
+    bool holds(const std::string& text) const;
 
     Files& files_;
+    Dialogs& dialogs_;
     Log& log_;
-    const RunState& run_;
+    RunState& run_;
     std::int16_t userMapCounter_ = 0;
+    bool unread_ = false;  ///< there is a file that could not be read
+    std::string kept_;     ///< the lines of the user maps as they were read or saved last
 };
 
 }  // namespace gatehouse

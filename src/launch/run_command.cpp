@@ -125,7 +125,7 @@ std::string RunCommand::launchFile(const std::string& extension) const {
 
 std::unique_ptr<TextWriter> RunCommand::create(const std::string& path) {
     try {
-        return with_.files.createText(path);
+        return with_.files.replaceText(path);
     } catch (const RuntimeFailure&) {
         with_.log.logEvent("->Could not create " + path, true);
         throw;

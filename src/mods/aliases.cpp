@@ -154,7 +154,7 @@ void AliasBook::loadAliases() {
 
 void AliasBook::WriteAliases(TextWriter& CfgStream) {
     const auto source = files_.openText(run_.AppDir + std::string(kAliasFile));
-    const auto target = files_.createText(run_.GameDir + "baseq3\\ghaliases.cfg");
+    const auto target = files_.replaceText(run_.GameDir + "baseq3\\ghaliases.cfg");
     writeScripts(*source, *target);
     target->close();
 

@@ -68,10 +68,15 @@ public:
     virtual std::unique_ptr<TextReader> openText(const std::string& path) = 0;
     /// Makes the file anew; an earlier one of that name is replaced.
     virtual std::unique_ptr<TextWriter> createText(const std::string& path) = 0;
+    /// Takes the place of a file, or makes it, once the writer is closed: until then, and when anything fails, the old
+    /// one stands there whole. What is closed is on the disk. A writer that isn't closed leaves nothing behind. Fails
+    /// for a write-protected file.
+    virtual std::unique_ptr<TextWriter> replaceText(const std::string& path) = 0;
     /// Opens at the end; makes the file if there is none.
     virtual std::unique_ptr<TextWriter> appendText(const std::string& path) = 0;
     /// `force` deletes a read-only file too.
     virtual void deleteFile(const std::string& path, bool force) = 0;
+    /// The copy takes the other's place as `replaceText` does.
     virtual void copyFile(const std::string& from, const std::string& to) = 0;
     virtual void renameFile(const std::string& from, const std::string& to) = 0;
     /// Makes the folder and those above it.

@@ -1,7 +1,7 @@
 #include "servers/filesmisc.h"
 
 #include "base/text.h"
-#include "platform/replaced_file.h"
+#include "platform/dialogs.h"
 
 #include <array>
 #include <limits>
@@ -121,23 +121,33 @@ void ServerLists::SaveServerList(const std::string& name) {
     for (const auto line : kHeaderLines) text.append(line).append(kCrLf);
     for (int position = 1; position <= iplist_.count(); ++position)
         text.append(serverLine(iplist_.at(position))).append(kCrLf);
-    std::optional<ReplacedFile> file;
+    std::unique_ptr<TextWriter> file;
     try {
-        file.emplace(files_, path);
-    } catch (const FileFailure&) {
+        file = files_.replaceText(path);
+    } catch (const FileFailure& failure) {
         log_.logEvent("Couldn't create file: " + path, true);
-        return;
+        return tellFailure(failure);
     }
     log_.logEvent("File created OK");
     try {
-        file->finish(text);
+        file->write(text);
+        file->close();
     } catch (const FileFailure& failure) {
         // The list on disk is still the old one, and the flag says so.
         log_.logEvent(failure.what(), true);
-        return;
+        return tellFailure(failure);
     }
     log_.logEvent(std::to_string(iplist_.count()) + " servers saved");
     run_.ServerListChanged = false;
+}
+
+void ServerLists::tellFailure(const FileFailure& failure) {
+    run_.SaveFailed = true;
+    dialogs_.show({.title = "Save Server List",
+                   .text = std::string("The server list is not saved. What was on the disk is still there.\r\n\r\n") +
+                           failure.what(),
+                   .icon = Icon::Stop,
+                   .safeAnswer = Answer::Ok});
 }
 
 void ServerLists::enableRowButtons(bool enabled) {

@@ -13,11 +13,12 @@
 namespace gatehouse {
 
 /// The `.ghs` files: lists of servers, kept in the folder that the option `ghcdir` names. No failure here goes beyond
-/// the log.
+/// the log, but for a list that can't be saved: that is told.
 class ServerLists {
 public:
     ServerLists(const Ground& ground, const TextField& ghcdir, ServerTable& iplist)
         : files_(ground.files),
+          dialogs_(ground.dialogs),
           log_(ground.log),
           run_(ground.run),
           flags_(ground.flags),
@@ -27,14 +28,16 @@ public:
     /// Replaces the rows by those of a file, sorted by ping. A missing file puts "default.ghs" into `name` and is
     /// replaced by that. `name` may be the run's `CurrentServerList` itself.
     void LoadServerList(std::string& name);
-    /// Writes all rows, in the order on show. A failure costs a serious log line; the old file and the flag stay.
+    /// Writes all rows, in the order on show. A failure is logged and told; the old file and the flag stay.
     void SaveServerList(const std::string& name);
 
 private:
     void readRows(TextReader& file);
     void enableRowButtons(bool enabled);
+    void tellFailure(const FileFailure& failure);
 
     Files& files_;
+    Dialogs& dialogs_;
     Log& log_;
     RunState& run_;
     CommandFlags& flags_;

@@ -89,20 +89,31 @@ std::optional<std::string> GameFinder::chooseGameFile(const std::string& startFo
 
 void GameFinder::backupGameConfig(const std::string& gameDir) {
     const std::string backup = gameDir + "baseq3\\q3backup.cfg";
+    const std::string own = gameDir + "baseq3\\q3config.cfg";
     log_.logEvent("Backing up existing user Q3 config");
+    std::string failure;
     try {
-        files_.copyFile(gameDir + "baseq3\\q3config.cfg", backup);
-    } catch (const RuntimeFailure&) {
-        // An older backup counts as well: the look at the file below decides.
+        files_.copyFile(own, backup);
+    } catch (const RuntimeFailure& failed) {
+        // An older backup counts as well: the look at the file below decides. A game without settings has none to keep.
+        if (files_.fileExists(own)) failure = failed.what();
     }
+    if (!failure.empty()) log_.logEvent(failure, true);
     if (!files_.fileExists(backup)) {
         log_.logEvent("->backup didn't work. Unknown error");
+        if (failure.empty()) return;
+        dialogs_.show({.title = "First Time Setup",
+                       .text = "Your existing Quake 3 settings could not be backed up.\r\n\r\n" + failure,
+                       .icon = Icon::Stop});
         return;
     }
+    const std::string earlier =
+        failure.empty() ? "" : "\r\n\r\nThat backup is one from before: today's did not work.\r\n" + failure;
     dialogs_.show({.title = "First Time Setup",
                    .text = "Gatehouse has made a backup of your existing\r\nQuake 3 settings in " + lower(gameDir) +
                            "baseq3\\q3backup.cfg\r\n\r\nIf you ever need to revert to your current config,\r\n"
-                           "Just copy q3backup.cfg to q3config.cfg",
+                           "Just copy q3backup.cfg to q3config.cfg" +
+                           earlier,
                    .icon = Icon::Information});
     log_.logEvent("->backup successful");
 }

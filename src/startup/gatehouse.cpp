@@ -103,6 +103,7 @@ void Gatehouse::closeAllWindows() {
 void Gatehouse::q3_Unload() {
     if (unloading_) return;
     unloading_ = true;
+    run.SaveFailed = false;  // of what was tried before, there may have been another try
     log.logEvent("Unloading gatehouse", true);
     content.maps.saveUserMaps();
     startup.store.setOption("showconsole", booleanText(run.ShowConsole.get()));

@@ -52,8 +52,9 @@ public:
     /// All forms that come up over the main window.
     std::vector<Form*> forms() const;
 
-    /// Exit status of the process: 1 for a named document that can't be opened, and for a run-and-leave whose run failed.
-    int exitStatus() const { return noDocument_ || (runAndLeave_ && run.RunErrors) ? 1 : 0; }
+    /// Exit status of the process: 1 for a named document that can't be opened, for a run-and-leave whose run failed,
+    /// and for a list that could not be saved at the end.
+    int exitStatus() const { return noDocument_ || (runAndLeave_ && run.RunErrors) || run.SaveFailed ? 1 : 0; }
 
     /// What is done about a failure that nothing caught: one line on standard error is the caller's; a rescue copy of
     /// what is unsaved, the options mended so that the next start works, and a box where someone can see one. Returns

@@ -84,9 +84,16 @@ TEST_F(MapCatalogTest, FilesThatCantBeOpenedCostALogLine) {
     catalog.loadUserMaps();
     EXPECT_EQ(world.log.lines.back(), "Couldn't open usermaps.txt");
     EXPECT_EQ(catalog.maptree.count(), kFixedNodes);
-    world.files.failAtChange = 1;
-    catalog.saveUserMaps();
-    EXPECT_EQ(world.log.lines.back(), "Couldn't write to usermaps.txt");
+    for (const bool loses : {false, true}) {
+        world.files.failAtChange = 1;
+        if (loses) {
+            catalog.addUserMap("NEW", "Map");
+            world.dialogs.answer("User Maps", Answer::Ok);
+        }
+        catalog.saveUserMaps();
+        EXPECT_TRUE(world.log.has("Couldn't write to usermaps.txt"));
+        EXPECT_EQ(run.SaveFailed, loses);
+    }
 }
 
 TEST_F(MapCatalogTest, MarksEveryNodeOfAMapInTheRotation) {

@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
 #include <algorithm>
+#include <csignal>
 #include <functional>
 
 namespace gatehouse {
@@ -14,6 +17,23 @@ namespace {
 using testing::OrdinaryUser;
 using testing::ScratchFolder;
 using Names = std::vector<std::string>;
+
+/// No file can grow beyond a size, as on a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+
+private:
+    rlimit before_{};
+};
 
 class FilesTest : public ::testing::Test {
 protected:
@@ -178,6 +198,53 @@ TEST_F(FilesTest, CopiesAndRenamesOverPresentFiles) {
     files.renameFile(scratch.path("bad"), scratch.path("to"));
     EXPECT_EQ(scratch.content("To"), "new");
     EXPECT_FALSE(scratch.has("bad"));
+}
+
+TEST_F(FilesTest, AReplacedFileIsWholeAtEveryMoment) {
+    const auto modeOf = [&](const char* name) {
+        struct stat found {};
+        return ::stat(scratch.native(name).c_str(), &found) == 0 ? found.st_mode & 07777 : 0;
+    };
+    const auto all = [&] { return names(files.listFolder(scratch.path("dir")).files); };
+    scratch.put("big", std::string(1000, 'x'));
+    scratch.put("dir/Secret.ghs", "old");
+    scratch.link("Secret.ghs", "dir/link");
+    ASSERT_EQ(::chmod(scratch.native("dir/Secret.ghs").c_str(), 0600), 0);
+    scratch.put("dir/.Secret.ghs.4194305-0.new", "of a program that was killed");
+    {
+        const auto writer = files.replaceText(scratch.path("dir\\LINK"));
+        writer->writeLine("new");
+        EXPECT_EQ(scratch.content("dir/Secret.ghs"), "old");
+        const auto left = files.replaceText(scratch.path("dir\\secret.ghs"));  // another program's, as it were
+        left->write("never closed");
+        writer->close();
+    }
+    EXPECT_EQ(scratch.content("dir/Secret.ghs"), "new\r\n");
+    EXPECT_EQ(modeOf("dir/Secret.ghs"), 0600u);
+    EXPECT_TRUE(std::filesystem::is_symlink(scratch.native("dir/link")));
+    EXPECT_EQ(all(), (Names{"link", "Secret.ghs"}));
+    ASSERT_EQ(::chmod(scratch.native("dir/Secret.ghs").c_str(), 0400), 0);
+    EXPECT_NE(failure([&] { files.replaceText(scratch.path("dir\\Secret.ghs")); }), "no failure");
+
+    // The folder takes no new file: the old one is written in its place, and put back when that fails.
+    scratch.put("shut/open.cfg", "the old text");
+    ASSERT_EQ(::chmod(scratch.native("shut/open.cfg").c_str(), 0666), 0);
+    ASSERT_EQ(::chmod(scratch.native("shut").c_str(), 0555), 0);
+    const auto replace = [&](const std::string& text) {
+        const OrdinaryUser user;
+        const auto writer = files.replaceText(scratch.path("shut\\open.cfg"));
+        writer->write(text);
+        writer->close();
+    };
+    replace("short");
+    EXPECT_EQ(scratch.content("shut/open.cfg"), "short");
+    {
+        const FullDisk disk(64);
+        EXPECT_NE(failure([&] { replace(std::string(1000, 'x')); }), "no failure");
+        EXPECT_NE(failure([&] { files.copyFile(scratch.path("big"), scratch.path("dir\\link")); }), "no failure");
+    }
+    EXPECT_EQ(scratch.content("shut/open.cfg"), "short");
+    EXPECT_EQ(all(), (Names{"link", "Secret.ghs"}));
 }
 
 TEST_F(FilesTest, WriteProtectedFilesAreDeletedByForceOnly) {

@@ -159,6 +159,7 @@ TEST_F(ServerCommandsTest, OpenAndSaveAskAgainAndKeepToTheListsOwnFolder) {
     EXPECT_EQ(world.settings.values["lastsvr"] + run.CurrentServerList, "new.ghsdefault.ghc");
     EXPECT_TRUE(world.files.fileExists("C:\\gh\\new.ghs") && !run.ServerListChanged);
     world.files.failAtChange = 2;
+    world.dialogs.answer("Save Server List", Answer::Ok);
     commands.tbservers_ButtonClick("Save");  // the disk is full
     EXPECT_TRUE(world.log.lines.back().starts_with("!"));
 }

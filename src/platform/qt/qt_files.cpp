@@ -4,6 +4,7 @@
 #include "platform/qt/folder_walk.h"
 #include "platform/qt/mounts.h"
 #include "platform/qt/native_paths.h"
+#include "platform/qt/replaced_file.h"
 #include "platform/qt/text_streams.h"
 
 #include <fcntl.h>
@@ -49,15 +50,9 @@ std::string spellingKey(const std::string& native) {
 }
 
 void copyContent(FileReader& from, const std::string& native, const std::string& path) {
-    FileWriter target(native, path, WriteStart::Anew);
-    try {
-        for (auto piece = from.nextPiece(); !piece.empty(); piece = from.nextPiece()) target.writeAll(piece);
-        target.close();
-    } catch (const FileFailure&) {
-        // Half a copy would pass for a whole one.
-        if (statusOf(native) && S_ISREG(statusOf(native)->st_mode)) ::unlink(native.c_str());
-        throw;
-    }
+    FileReplacer target(native, path);
+    for (auto piece = from.nextPiece(); !piece.empty(); piece = from.nextPiece()) target.writeAll(piece);
+    target.close();
 }
 
 }  // namespace
@@ -126,6 +121,10 @@ std::unique_ptr<TextReader> QtFiles::openText(const std::string& path) {
 
 std::unique_ptr<TextWriter> QtFiles::createText(const std::string& path) {
     return std::make_unique<FileWriter>(forMaking(path), path, WriteStart::Anew);
+}
+
+std::unique_ptr<TextWriter> QtFiles::replaceText(const std::string& path) {
+    return std::make_unique<FileReplacer>(forMaking(path), path);
 }
 
 std::unique_ptr<TextWriter> QtFiles::appendText(const std::string& path) {

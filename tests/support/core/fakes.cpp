@@ -64,6 +64,25 @@ private:
     std::string path_;
 };
 
+class MemoryReplacer : public TextWriter {
+public:
+    MemoryReplacer(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
+    void writeLine(const std::string& line) override { write(line + "\r\n"); }
+    void write(const std::string& bytes) override {
+        files_.countChange(path_);
+        text_ += bytes;
+    }
+    void close() override {
+        files_.countChange(path_);
+        files_.put(path_, text_);
+    }
+
+private:
+    MemoryFiles& files_;
+    std::string path_;
+    std::string text_;
+};
+
 }  // namespace
 
 void MemoryFiles::countChange(const std::string& path) {
@@ -116,6 +135,13 @@ std::unique_ptr<TextWriter> MemoryFiles::createText(const std::string& path) {
     return std::make_unique<MemoryWriter>(*this, stored.content, path);
 }
 
+std::unique_ptr<TextWriter> MemoryFiles::replaceText(const std::string& path) {
+    if (denied.contains(idOf(path))) throw FileFailure("Permission denied: " + path);
+    if (!folderExists(parentOf(plain(path)))) throw FileFailure("Path not found: " + path);
+    countChange(path);
+    return std::make_unique<MemoryReplacer>(*this, path);
+}
+
 std::unique_ptr<TextWriter> MemoryFiles::appendText(const std::string& path) {
     if (!fileExists(path)) return createText(path);
     if (denied.contains(idOf(path))) throw FileFailure("Permission denied: " + path);
@@ -130,7 +156,9 @@ void MemoryFiles::deleteFile(const std::string& path, bool) {
 
 void MemoryFiles::copyFile(const std::string& from, const std::string& to) {
     const std::string bytes = openText(from)->readBytes(static_cast<std::size_t>(fileSize(from)));
-    createText(to)->write(bytes);
+    const auto copy = replaceText(to);
+    copy->write(bytes);
+    copy->close();
 }
 
 void MemoryFiles::renameFile(const std::string& from, const std::string& to) {

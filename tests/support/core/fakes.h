@@ -49,6 +49,7 @@ public:
     std::uint64_t fileSize(const std::string& path) const override;
     std::unique_ptr<TextReader> openText(const std::string& path) override;
     std::unique_ptr<TextWriter> createText(const std::string& path) override;
+    std::unique_ptr<TextWriter> replaceText(const std::string& path) override;
     std::unique_ptr<TextWriter> appendText(const std::string& path) override;
     void deleteFile(const std::string& path, bool force) override;
     void copyFile(const std::string& from, const std::string& to) override;
