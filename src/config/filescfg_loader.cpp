@@ -77,8 +77,6 @@ bool ConfigDocuments::loadConfig(const std::string& path) {
     while (readLine(*file, path, number, line)) {
         try {
             applyLine(line);
-        } catch (const FileFailure&) {
-            throw;  // a log that can't be written is no fault of the document
         } catch (const RuntimeFailure& failure) {
             throw DocumentFailure(path, number, line, failure.what());
         }

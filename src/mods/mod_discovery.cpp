@@ -1,8 +1,8 @@
 #include "mods/mod_discovery.h"
 
+#include "base/game_folder.h"
 #include "base/text.h"
 #include "mods/mod_file.h"
-#include "startup/findq3a.h"
 
 #include <string_view>
 
@@ -41,7 +41,7 @@ void ModDiscovery::scanForMods() {
     events_.yield();
     // Definition files come first: a folder that one of them names is not added again.
     readDefinitions();
-    recoverGameDir();
+    recoverGameDir(run_, store_);
     for (const FolderEntry& folder : files_.listFolder(run_.GameDir).folders) scanGameFolder(folder);
     q3getmods.busy.set(false);
     events_.yield();
@@ -57,10 +57,6 @@ void ModDiscovery::readDefinitions() {
         mods_.add(std::move(mod));
         log_.logEvent("Found mod: " + name);
     }
-}
-
-void ModDiscovery::recoverGameDir() {
-    if (trim(run_.GameDir).empty()) run_.GameDir = gameFolderOf(store_.getOption("exepath", "none"));
 }
 
 void ModDiscovery::scanGameFolder(const FolderEntry& folder) {

@@ -42,7 +42,6 @@ public:
 
 private:
     void readDefinitions();
-    void recoverGameDir();
     void scanGameFolder(const FolderEntry& folder);
     void scanArchive(const FolderEntry& archive, const std::string& dir);
     void scanSubFolder(const FolderEntry& subFolder, const std::string& dir);

@@ -30,6 +30,8 @@ struct FileDialog {
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
+    /// Whether there is somebody who can answer.
+    virtual bool canAsk() const = 0;
     /// Shows the box and returns when it is answered.
     virtual Answer show(const MessageBox& box) = 0;
     /// The chosen path, or nothing on cancel. Accepts a name that does not exist.

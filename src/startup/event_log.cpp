@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace gatehouse {
@@ -42,7 +43,7 @@ void EventLog::logMessage(std::string& message, bool serious) {
     q3_.q3status.set(message);
     q3_.q3console.set(console + std::string(kCrLf) + message);
     const int level = options_.q3loglevel.index();
-    if (run_.LogOpen && (level == kEverything || (level == kSeriousErrors && serious))) logStream_->writeLine(message);
+    if (run_.LogOpen && (level == kEverything || (level == kSeriousErrors && serious))) keep(message);
     if (run_.ShowConsole.get()) {
         stimer_->setInterval(kStatusMilliseconds);
         stimer_->setEnabled(true);
@@ -55,12 +56,31 @@ void EventLog::logMessage(std::string& message, bool serious) {
     }
 }
 
+std::vector<std::string> EventLog::oldLogs() const {
+    std::vector<std::string> names;
+    try {
+        for (const auto& file : files_.listFolder(run_.AppDir).files)
+            if (endsWithNoCase(file.name, kLogEnding)) names.push_back(file.name);
+    } catch (const FileFailure&) {
+        // Nor will a new one be made there: that is told.
+    }
+    return names;
+}
+
+void EventLog::keep(const std::string& line) {
+    try {
+        logStream_->writeLine(line);
+    } catch (const FileFailure& failure) {
+        // A line is no reason to end anything; the first one that is lost is told where all lines are shown.
+        if (std::exchange(dropped_, true)) return;
+        q3_.q3console.set(q3_.q3console.get() + std::string(kCrLf) + failure.what());
+    }
+}
+
 void EventLog::purge(const std::string& keeplogs) {
     logEvent("purging old logs");
     options_.q3keeplogs.setText(keeplogs);
-    std::vector<std::string> names;
-    for (const auto& file : files_.listFolder(run_.AppDir).files)
-        if (endsWithNoCase(file.name, kLogEnding)) names.push_back(file.name);
+    std::vector<std::string> names = oldLogs();
     std::sort(names.begin(), names.end());  // the stamp in front makes the oldest come first
     const double keep = std::max(0.0, val(options_.q3keeplogs.text()));
     for (std::size_t i = 0; i < names.size() && static_cast<double>(names.size() - i) > keep; ++i) {
@@ -89,7 +109,7 @@ bool EventLog::purgeAndCreate(const std::string& keeplogs) {
                                     std::string("// This file is created each time gatehouse is run."),
                                     std::string("// any non-fatal errors encountered will be listed here"),
                                     std::string("//"), "// Date:" + dateTimeText(now), std::string()})
-        logStream_->writeLine(line);
+        keep(line);
     run_.LogOpen = true;
     return true;
 }

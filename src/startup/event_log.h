@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace gatehouse {
 
@@ -32,6 +33,9 @@ public:
 
 private:
     void purge(const std::string& keeplogs);
+    std::vector<std::string> oldLogs() const;
+    /// Writes a line to the file; one that the disk refuses is dropped.
+    void keep(const std::string& line);
 
     Files& files_;
     EventLoop& events_;
@@ -43,6 +47,7 @@ private:
     std::unique_ptr<Timer> stimer_;
     std::unique_ptr<TextWriter> logStream_;
     std::string logPath_;
+    bool dropped_ = false;  ///< a line has been lost
 };
 
 }  // namespace gatehouse

@@ -1,5 +1,6 @@
 #include "startup/findq3a.h"
 
+#include "base/game_folder.h"
 #include "base/numbers.h"
 #include "base/text.h"
 
@@ -11,13 +12,6 @@ constexpr int kCounterMilliseconds = 1000;
 constexpr std::size_t kLongPath = 31;  // from this length on, a path is shown shortened
 
 }  // namespace
-
-std::string gameFolderOf(const std::string& executablePath) {
-    const std::string path = trim(executablePath);
-    if (path.size() < kGameExecutable.size())
-        throw RuntimeFailure("The game's place is not known: no " + std::string(kGameExecutable) + " was chosen");
-    return trim(cut(path, 0, static_cast<long>(kGameExecutable.size())));
-}
 
 GameFinder::GameFinder(const Ground& ground, SplashView& splash)
     : files_(ground.files), events_(ground.events), dialogs_(ground.dialogs), log_(ground.log), splash_(splash) {
@@ -66,8 +60,17 @@ void GameFinder::scanFolder(const std::string& path) {
         return;
     }
     for (const FolderEntry& folder : listing.folders) {
-        scanFolder(folder.path);
+        scanSubFolder(folder.path);
         if (!FoundGamePath_.empty()) return;
+    }
+}
+
+void GameFinder::scanSubFolder(const std::string& path) {
+    try {
+        scanFolder(path);
+    } catch (const FileFailure& failure) {
+        // It has gone meanwhile, or can't be reached: the game isn't there either.
+        log_.logEvent(failure.what(), true);
     }
 }
 

@@ -15,13 +15,6 @@
 
 namespace gatehouse {
 
-/// The game's file name. Wherever a path is cut back to its folder, the cut has this name's length, whatever the file
-/// is really called.
-inline constexpr std::string_view kGameExecutable = "quake3.exe";
-
-/// The trimmed path less the length of the game's file name, trimmed. Fails for a shorter path.
-std::string gameFolderOf(const std::string& executablePath);
-
 /// The search for the game, and the first look at its folder.
 class GameFinder {
 public:
@@ -36,6 +29,7 @@ public:
 
 private:
     void scanFolder(const std::string& path);
+    void scanSubFolder(const std::string& path);
     void showFolder(const std::string& path);
     void confirmGameFile(const std::string& path);
 

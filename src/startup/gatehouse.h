@@ -85,7 +85,11 @@ private:
     void createLog();
     void readOptions();
     void checkVersion();
+    /// Lets the user show the game, or searches for it. False if that was cancelled.
+    bool locateGame();
     void firstTimeSetup();
+    /// A game folder that has gone is asked for anew. Fails where nobody can answer, and on a cancel.
+    void findGameAgain();
     void placePanels();
     void fillInitialValues();
     void findMods();

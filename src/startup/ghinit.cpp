@@ -1,5 +1,6 @@
 // The load sequence: every room in its order.
 
+#include "base/game_folder.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "config/bindings.h"
@@ -99,7 +100,7 @@ void Gatehouse::createLog() {
 void Gatehouse::readOptions() {
     log.logEvent("Querying registry...");
     try {
-        if (startup.store.getOption("exepath", "none") != "none") {
+        if (startup.store.getOption("exepath", kNoOption) != kNoOption) {
             log.logEvent("Hive found. Getting settings.");
             checkVersion();
             startup.keeper.read();
@@ -135,9 +136,7 @@ void Gatehouse::checkVersion() {
     startup.store.setOption("ghversion", run.VersionString);
 }
 
-void Gatehouse::firstTimeSetup() {
-    log.logEvent("No registry info available. Assuming first run.");
-    run.FirstRun = true;
+bool Gatehouse::locateGame() {
     startup.options.q3FilePath.setText("");
     const Answer shown = services_.dialogs.show(
         {.title = "Inital Setup",
@@ -154,12 +153,19 @@ void Gatehouse::firstTimeSetup() {
     }
     if (startup.options.q3FilePath.text().empty()) {
         const auto chosen = startup.finder.chooseGameFile();
-        if (!chosen) {
-            closeAllWindows();
-            return;
-        }
+        if (!chosen) return false;
         startup.options.q3FilePath.setText(*chosen);
         log.logEvent("User found game:" + *chosen);
+    }
+    return true;
+}
+
+void Gatehouse::firstTimeSetup() {
+    log.logEvent("No registry info available. Assuming first run.");
+    run.FirstRun = true;
+    if (!locateGame()) {
+        closeAllWindows();
+        return;
     }
     startup.options.q3startwith.setIndex(0);
     startup.options.q3runoptions.setIndex(0);
@@ -182,7 +188,25 @@ void Gatehouse::fillInitialValues() {
     content.maps.loadStandardMaps();
 }
 
+void Gatehouse::findGameAgain() {
+    const std::string stored = startup.options.q3FilePath.text();
+    while (!run.GameDir.empty() && run.GameDir != kNoOption && !services_.files.folderExists(run.GameDir)) {
+        const std::string gone = "The game's folder " + run.GameDir +
+                                 " is not there. It comes from the options basedir and exepath (" + stored + ").";
+        if (!services_.dialogs.canAsk()) throw RuntimeFailure(gone);
+        log.logEvent(gone, true);
+        services_.dialogs.show({.title = "Initial Setup", .text = gone, .icon = Icon::Stop});
+        if (!locateGame()) {
+            startup.options.q3FilePath.setText(stored);
+            throw RuntimeFailure(gone);
+        }
+        run.GameDir = gameFolderOf(startup.options.q3FilePath.text());
+        startup.store.setOptions({{"exepath", startup.options.q3FilePath.text()}, {"basedir", run.GameDir}});
+    }
+}
+
 void Gatehouse::findMods() {
+    findGameAgain();
     mods.discovery.scanForMods();
     mods.choice.fillModcombo(services_.files);
     content.maps.loadUserMaps();

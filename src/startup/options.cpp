@@ -1,9 +1,9 @@
 #include "startup/options.h"
 
+#include "base/game_folder.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "config/default_document.h"
-#include "startup/findq3a.h"
 
 #include <algorithm>
 #include <utility>
@@ -32,7 +32,7 @@ std::vector<OptionKeeper::Row> OptionKeeper::rows() const {
     };
     // In the order in which they are read.
     return {
-        {"exepath", 1, form_.q3FilePath.text(), "none", &form_.q3FilePath},
+        {"exepath", 1, form_.q3FilePath.text(), kNoOption, &form_.q3FilePath},
         kept("startwith", 6, form_.q3startwith, "0"),
         kept("runoptions", 7, form_.q3runoptions, "0"),
         kept("overwrite", 8, form_.q3overwrite, "0"),
@@ -45,7 +45,7 @@ std::vector<OptionKeeper::Row> OptionKeeper::rows() const {
         kept("staleaction", 11, form_.q3staleaction, "0"),
         kept("democount", 16, form_.democount, "3"),
         kept("benchwait", 10, form_.q3bwait, "5"),
-        {"basedir", 2, run_.GameDir, "none", nullptr, &run_.GameDir},
+        {"basedir", 2, run_.GameDir, kNoOption, nullptr, &run_.GameDir},
         {"showconsole", 12, "0", "0", nullptr, nullptr, &run_.ShowConsole},
         {"lastsvr", 5, "default.ghs", "default.ghs", nullptr, &run_.CurrentServerList},
         {"lastcfg", 4, run_.AppDir + std::string(kDefaultDocument)},
@@ -68,10 +68,13 @@ void OptionKeeper::storeFirstRun(const std::string& exepath) {
     run_.GameDir = gameFolderOf(exepath);
     std::vector<Row> inOrder = rows();
     std::sort(inOrder.begin(), inOrder.end(), [](const Row& a, const Row& b) { return a.firstRunPlace < b.firstRunPlace; });
+    // In one go: a set that is stored in part would be taken for a whole one.
+    Options::Values values;
     for (const Row& row : inOrder) {
-        store_.setOption(std::string(row.key), row.firstRun);
+        values.emplace_back(row.key, row.firstRun);
         if (row.runText) *row.runText = row.firstRun;
     }
+    store_.setOptions(values);
 }
 
 void OptionKeeper::keepChanges() {

@@ -4,7 +4,7 @@ namespace gatehouse {
 
 StartupRoom::StartupRoom(const Services& services)
     : log(services.files, services.events, services.clock, run, options, splash, q3),
-      store(services.settings, log),
+      store(services.settings, log, services.dialogs),
       ground{services.files, services.dialogs, services.events, log, store, run, flags},
       keeper(options, store, log, run),
       finder(ground, splash) {

@@ -71,6 +71,40 @@ wait_for_window "^${title//\\/.}"
 press alt+F4
 expect_end 0
 
+begin 'a program folder filled half way is completed, and what the user deleted stays away'
+new_world
+rm -r "$app"/.brought "$app/mods" "$app/aliases.txt"
+mkdir -p "$app/mods"
+start_program
+wait_for_window "^${title//\\/.}"
+press alt+F4
+expect_end 0
+expect_file "$app/aliases.txt"
+expect_file "$app/mods/00-baseq3.ghm"
+rm "$app/ghnoshot.jpg"
+start_program
+wait_for_window "^${title//\\/.}"
+press alt+F4
+expect_end 0
+expect_no_file "$app/ghnoshot.jpg"
+
+begin 'the game has moved: it is asked for again'
+new_world
+mv "$game" "$world/Games/Moved"
+start_program
+wait_for_window '^Initial Setup'
+press Return
+wait_for_window '^Inital Setup'
+press alt+y
+wait_for_window '^Open'
+press ctrl+a
+xdotool type --delay 5 "$world/Games/Moved/quake3.exe"
+press Return
+wait_for_window "^${title//\\/.}"
+press alt+F4
+expect_end 0
+[[ $(option basedir) == "$(program_path "$world/Games/Moved/")" ]] || fail "basedir is $(option basedir)"
+
 begin 'the user cancels: nothing is stored, and the next start is a first run again'
 forget_everything
 start_program

@@ -110,6 +110,8 @@ new_world() {
     options=$world/config/gatehouse/gatehouse.ini
     journal=$game/practice.log
     mkdir -p "$home" "$world/config/gatehouse" "$world/cache" "$app/mods" "$app/levelshots" "$documents" "$game/baseq3"
+    # Used before: nothing is brought into it any more.
+    (cd "$(dirname "${BASH_SOURCE[0]}")/../../data" && find . -type f -printf '%P\n') >"$app/.brought"
     cp "$practice_game" "$game/quake3.exe"
     printf 'name\tQuake 3: Arena\r\ndir\tbaseq3\r\ngtype\t0 Free For All\r\ngtype\t1 Tournament\r\n%s' \
         $'gtype\t3 Teamplay\r\ngtype\t4 CTF!\r\n' >"$app/mods/00-baseq3.ghm"

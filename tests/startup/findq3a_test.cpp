@@ -1,5 +1,6 @@
 #include "startup/findq3a.h"
 
+#include "base/game_folder.h"
 #include "base/run_state.h"
 #include "support/core/fakes.h"
 

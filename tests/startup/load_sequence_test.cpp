@@ -94,6 +94,32 @@ TEST_F(LoadSequenceTest, ADiskThatFillsUpInASaveLeavesARescueCopyEvenOfAnUnchang
     EXPECT_NE(world.files.content("C:\\gh\\rescue.ghc").find("seta sv_hostname \"noname\""), std::string::npos);
 }
 
+TEST_F(LoadSequenceTest, OptionsThatCantBeStoredHoldForTheRunAndAreToldOnce) {
+    world.settings.full = true;
+    world.dialogs.answer("Options", Answer::Ok);
+    program.StartupDriver();
+    for (const char* text : {"7", "8"}) program.startup.options.q3pingwait.setText(text);
+    EXPECT_EQ(program.startup.store.getOption("pingwait", ""), "8");
+    world.settings.full = false;
+    program.mtoolsconsole_Click();
+    EXPECT_EQ(world.settings.values["pingwait"] + world.settings.values["showconsole"], "8True");
+}
+
+TEST_F(LoadSequenceTest, AGameFolderThatHasGoneIsNamedAndAskedForWhereSomebodyCanAnswer) {
+    world.settings.values["basedir"] = "C:\\Gone\\";
+    world.dialogs.watched = false;
+    EXPECT_THROW(program.StartupDriver(), RuntimeFailure);
+    world.dialogs.watched = true;
+    Gatehouse again{world.services, "C:\\gh"};
+    world.dialogs.answer("Initial Setup", Answer::Ok);
+    world.dialogs.answer("Inital Setup", Answer::Yes);
+    world.dialogs.choose("C:\\Q3\\quake3.exe");
+    again.StartupDriver();
+    EXPECT_TRUE(again.startup.q3.visible.get());
+    EXPECT_TRUE(world.dialogs.shown.front().text.find("C:\\Gone\\ is not there") != std::string::npos);
+    EXPECT_EQ(world.settings.values["basedir"], "C:\\Q3\\");
+}
+
 TEST_F(LoadSequenceTest, ClosingAllWindowsPutsEverythingBack) {
     Gatehouse fresh(world.services, "C:\\gh");
     program.StartupDriver();

@@ -1,9 +1,18 @@
 #include "platform/qt/program_folder.h"
 
 #include "base/runtime_failure.h"
+#include "base/text.h"
+#include "platform/qt/replaced_file.h"
+#include "platform/qt/text_streams.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <set>
+#include <vector>
 
 namespace gatehouse {
 
@@ -11,27 +20,67 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr std::size_t kLargestFile = std::size_t{16} << 20;
+/// The list of what was brought into the folder, in the folder itself.
+constexpr const char* kBrought = ".brought";
+
 std::string variable(const char* name) {
     const char* value = std::getenv(name);
     return value ? value : "";
 }
 
+/// The user's home; the one in the password database where the environment names none.
+std::string homeFolder() {
+    if (const std::string home = variable("HOME"); !home.empty()) return home;
+    passwd entry{};
+    passwd* found = nullptr;
+    std::vector<char> buffer(16384);
+    if (::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || !found) return "";
+    return found->pw_dir;
+}
+
 /// A folder of the XDG base directories; a relative one doesn't count.
 fs::path userFolder(const char* name, const char* below) {
     const fs::path named = variable(name);
-    return named.is_absolute() ? named : fs::path(variable("HOME")) / below;
+    return named.is_absolute() ? named : fs::path(homeFolder()) / below;
 }
 
+std::string textOf(const fs::path& file) { return FileReader(file.string(), file.string()).readBytes(kLargestFile); }
+
+void replace(const fs::path& file, const std::string& text) {
+    FileReplacer target(file.string(), file.string());
+    target.writeAll(text);
+    target.close();
+}
+
+/// Names of the files that were brought here before, as paths below the folder.
+std::set<std::string> broughtBefore(const fs::path& folder) {
+    if (!fs::exists(folder / kBrought)) return {};
+    const std::vector<std::string> names = splitLines(textOf(folder / kBrought));
+    return {names.begin(), names.end()};
+}
+
+/// Brings the files that were never there. One that a person has deleted since stays away, and none is overwritten.
 void fill(const fs::path& from, const fs::path& to) {
+    const std::set<std::string> before = broughtBefore(to);
+    std::set<std::string> brought = before;
     for (const auto& entry : fs::recursive_directory_iterator(from)) {
-        const fs::path target = to / fs::relative(entry.path(), from);
-        if (entry.is_directory()) {
-            fs::create_directories(target);
-        } else {
-            fs::copy_file(entry.path(), target, fs::copy_options::skip_existing);
-            fs::permissions(target, fs::perms::owner_write, fs::perm_options::add);
-        }
+        if (!entry.is_regular_file()) continue;
+        const std::string name = fs::relative(entry.path(), from).generic_string();
+        if (!brought.insert(name).second || fs::exists(to / name)) continue;
+        fs::create_directories((to / name).parent_path());
+        replace(to / name, textOf(entry.path()));
     }
+    if (brought == before) return;
+    // Last: a filling that was broken off goes on at the next start.
+    std::string names;
+    for (const std::string& name : brought) names += name + "\n";
+    replace(to / kBrought, names);
+}
+
+/// A folder that was there and can't be written is no reason to stop: what needs to write says so itself.
+bool isReadOnly(const fs::path& folder) {
+    return fs::exists(folder) && ::faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) != 0;
 }
 
 }  // namespace
@@ -40,16 +89,20 @@ std::string prepareProgramFolder(const std::string& dataFolder) {
     const std::string home = variable("GATEHOUSE_HOME");
     const fs::path folder =
         home.empty() ? userFolder("XDG_DATA_HOME", ".local/share") / "gatehouse" : fs::absolute(home);
+    const auto fail = [&folder](const std::string& why) {
+        throw RuntimeFailure("The program folder " + folder.string() + " can't be set up: " + why);
+    };
     try {
-        if (!fs::exists(folder) || fs::is_empty(folder)) {
+        if (!isReadOnly(folder)) {
             fs::create_directories(folder);
             fill(dataFolder, folder);
         }
     } catch (const fs::filesystem_error& error) {
-        throw RuntimeFailure("The program folder " + folder.string() + " can't be set up: " + error.code().message());
+        fail(error.code().message());
+    } catch (const FileFailure& failure) {
+        fail(failure.what());
     }
     for (const char* below : {"mods", "levelshots"}) {
-        // A read-only program folder is no reason to stop here: what needs to write says so itself.
         std::error_code ignored;
         fs::create_directories(folder / below, ignored);
     }

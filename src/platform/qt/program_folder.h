@@ -4,9 +4,9 @@
 
 namespace gatehouse {
 
-/// The program folder in native form: `$GATEHOUSE_HOME`, otherwise `gatehouse` in the user's data folder. When it is
-/// missing or empty it is made and filled from the read-only `dataFolder`; what is there already is never overwritten.
-/// Fails when it can't be made.
+/// The program folder in native form: `$GATEHOUSE_HOME`, otherwise `gatehouse` in the user's data folder. It is
+/// made when it is missing, and gets what it never had of the read-only `dataFolder`; what is there already is never
+/// overwritten. Fails when it can't be made or filled.
 std::string prepareProgramFolder(const std::string& dataFolder);
 
 /// The file of the user's options, in native form.

@@ -1,13 +1,22 @@
 #include "platform/qt/qt_settings_store.h"
 
 #include "base/runtime_failure.h"
+#include "platform/qt/ini_text.h"
+#include "platform/qt/replaced_file.h"
+#include "platform/qt/text_streams.h"
 
+#include <QFile>
 #include <QSettings>
 #include <QStringList>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <utility>
 
 namespace gatehouse {
 
@@ -16,6 +25,10 @@ namespace {
 /// Characters that stand for single bytes: this plus the byte, 0x80 to 0xFF.
 constexpr char32_t kByteRange = 0xF700;
 constexpr char32_t kByteOrderMark = 0xFEFF;
+constexpr const char* kSection = "config";
+constexpr std::size_t kLargestFile = std::size_t{1} << 20;
+constexpr std::int64_t kNanoseconds = 1'000'000'000;
+constexpr int kMostAside = 1000;
 
 bool standsForByte(char32_t code) { return code >= kByteRange + 0x80 && code <= kByteRange + 0xFF; }
 
@@ -49,7 +62,7 @@ Character firstCharacter(std::string_view bytes) {
     return {code, length};
 }
 
-std::string message(const char* doing, const std::string& file, const char* reason) {
+std::string message(const char* doing, const std::string& file, const std::string& reason) {
     return std::string("Can't ") + doing + " the options in " + file + ": " + reason;
 }
 
@@ -80,7 +93,13 @@ std::string bytesOf(const QString& stored) {
     return result;
 }
 
-QtSettingsStore::QtSettingsStore(std::string file) : file_(QString::fromLocal8Bit(file)), name_(std::move(file)) {}
+QtSettingsStore::QtSettingsStore(std::string file) : name_(std::move(file)) {}
+
+QtSettingsStore::Identity QtSettingsStore::identity() const {
+    struct stat found {};
+    if (::stat(name_.c_str(), &found) != 0) return {};
+    return {found.st_dev, found.st_ino, found.st_size, found.st_mtim.tv_sec * kNanoseconds + found.st_mtim.tv_nsec};
+}
 
 void QtSettingsStore::requireReadable() const {
     struct stat found {};
@@ -90,47 +109,104 @@ void QtSettingsStore::requireReadable() const {
         throw RuntimeFailure(message("read", name_, "permission denied"));
 }
 
-std::optional<std::string> QtSettingsStore::read(const std::string& key) const {
+void QtSettingsStore::refresh() const {
     requireReadable();
-    QSettings settings(file_, QSettings::IniFormat);
-    settings.beginGroup("config");
-    const QVariant value = settings.value(QString::fromStdString(key));
-    if (settings.status() == QSettings::AccessError)
-        throw RuntimeFailure(message("read", name_, "the file can't be opened"));
-    if (settings.status() == QSettings::FormatError)
-        throw RuntimeFailure(message("read", name_, "the file is damaged"));
-    if (!value.isValid()) return std::nullopt;
-    // A comma in a line that was written by hand makes it a list.
-    return bytesOf(value.typeId() == QMetaType::QStringList ? value.toStringList().join(", ") : value.toString());
+    const Identity now = identity();
+    if (known_ != now) {
+        load();
+        known_ = now;
+    }
+    if (damaged_) throw RuntimeFailure(message("read", name_, "the file is damaged"));
 }
 
-void QtSettingsStore::write(const std::string& key, const std::string& text) {
-    requireReadable();
-    QSettings settings(file_, QSettings::IniFormat);
-    requireWritable(settings);
-    settings.setValue("config/" + QString::fromStdString(key), storedText(text));
-    save(settings, Damage::Fails);
+void QtSettingsStore::load() const {
+    values_.clear();
+    damaged_ = content().find('\0') != std::string::npos || static_cast<std::size_t>(identity().size) > kLargestFile;
+    if (damaged_) return;
+    QSettings settings(QFile::decodeName(QByteArray::fromStdString(name_)), QSettings::IniFormat);
+    settings.beginGroup(kSection);
+    for (const QString& key : settings.childKeys()) {
+        const QVariant value = settings.value(key);
+        // A comma in a line that was written by hand makes it a list.
+        const bool list = value.typeId() == QMetaType::QStringList;
+        values_[key.toStdString()] = bytesOf(list ? value.toStringList().join(", ") : value.toString());
+    }
+    // The toolkit tells of damage at its first reading of a file, and then no more.
+    if (settings.status() == QSettings::AccessError)
+        throw RuntimeFailure(message("read", name_, "the file can't be opened"));
+    damaged_ = settings.status() == QSettings::FormatError;
+}
+
+std::optional<std::string> QtSettingsStore::read(const std::string& key) const {
+    refresh();
+    const auto value = values_.find(key);
+    return value == values_.end() ? std::nullopt : std::optional(value->second);
+}
+
+void QtSettingsStore::write(const Values& values) {
+    refresh();
+    std::string text = content();
+    std::map<std::string, std::string> changed = values_;
+    for (const auto& [key, value] : values) {
+        const auto before = changed.find(key);
+        if (before != changed.end() && before->second == value) continue;
+        changed[key] = value;
+        text = withIniKey(text, kSection, key, iniValue(storedText(value).toStdString()));
+    }
+    if (changed == values_) return;
+    replace(text);
+    values_ = std::move(changed);
 }
 
 void QtSettingsStore::deleteSection() {
-    requireReadable();
-    QSettings settings(file_, QSettings::IniFormat);
-    requireWritable(settings);
-    settings.remove("config");
-    save(settings, Damage::Passes);
+    try {
+        refresh();
+    } catch (const RuntimeFailure&) {
+        if (!damaged_) throw;
+        return setAside();
+    }
+    const std::string text = content();
+    const std::string rest = withoutIniSection(text, kSection);
+    if (rest != text) replace(rest);
+    values_.clear();
 }
 
-void QtSettingsStore::requireWritable(const QSettings& settings) const {
-    // A change that can't be saved would stay in the toolkit's memory and come up again at the next call.
-    if (!settings.isWritable()) throw RuntimeFailure(message("write", name_, "permission denied"));
+std::string QtSettingsStore::content() const {
+    if (!identity().node) return "";
+    try {
+        return FileReader(name_, name_).readBytes(kLargestFile + 1);
+    } catch (const FileFailure& failure) {
+        throw RuntimeFailure(message("read", name_, failure.what()));
+    }
 }
 
-void QtSettingsStore::save(QSettings& settings, Damage damage) const {
-    settings.sync();
-    if (settings.status() == QSettings::AccessError)
-        throw RuntimeFailure(message("write", name_, "the file can't be written"));
-    if (settings.status() == QSettings::FormatError && damage == Damage::Fails)
-        throw RuntimeFailure(message("write", name_, "the file is damaged"));
+void QtSettingsStore::replace(const std::string& text) {
+    // The file is judged before the folder: to take its place would go round its protection.
+    std::error_code error;
+    std::filesystem::create_directories(std::filesystem::path(name_).parent_path(), error);
+    try {
+        FileReplacer file(name_, name_);
+        file.writeAll(text);
+        file.close();
+    } catch (const FileFailure& failure) {
+        throw RuntimeFailure(message("write", name_, failure.what()));
+    }
+    known_ = identity();
+}
+
+void QtSettingsStore::setAside() {
+    for (int number = 1;; ++number) {
+        const std::string name = name_ + ".damaged" + (number > 1 ? "-" + std::to_string(number) : "");
+        if (::link(name_.c_str(), name.c_str()) != 0) {
+            if (errno == EEXIST && number < kMostAside) continue;
+            throw RuntimeFailure(message("set aside", name_, std::strerror(errno)));
+        }
+        if (::unlink(name_.c_str()) != 0) throw RuntimeFailure(message("set aside", name_, std::strerror(errno)));
+        break;
+    }
+    values_.clear();
+    damaged_ = false;
+    known_ = identity();
 }
 
 }  // namespace gatehouse

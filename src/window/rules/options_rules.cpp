@@ -39,9 +39,8 @@ void OptionsRules::q3GetFile_Click() {
     const std::string folder = cut(*chosen, 0, static_cast<long>(bareName(*chosen).size()));
     parts_.form.q3FilePath.setText(*chosen);
     parts_.run.GameDir = folder;
-    parts_.options.setOption("exepath", *chosen);
+    parts_.options.setOptions({{"exepath", *chosen}, {"basedir", folder}});
     parts_.log.logEvent("option change: exepath=" + *chosen);
-    parts_.options.setOption("basedir", folder);
     parts_.log.logEvent("option change: basedir=" + folder);
 }
 

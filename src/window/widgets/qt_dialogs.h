@@ -12,6 +12,7 @@ class QtDialogs : public Dialogs {
 public:
     explicit QtDialogs(bool interactive) : interactive_(interactive) {}
 
+    bool canAsk() const override { return interactive_; }
     Answer show(const MessageBox& box) override;
     std::optional<std::string> openFile(const FileDialog& dialog) override;
     std::optional<std::string> saveFile(const FileDialog& dialog) override;

@@ -75,10 +75,14 @@ private:
 class MemorySettings : public SettingsStore {
 public:
     std::optional<std::string> read(const std::string& key) const override;
-    void write(const std::string& key, const std::string& text) override { values[key] = text; }
+    void write(const Values& written) override {
+        if (full) throw RuntimeFailure("no room");
+        for (const auto& [key, text] : written) values[key] = text;
+    }
     void deleteSection() override { values.clear(); }
     std::map<std::string, std::string> values;
     bool unreadable = false;
+    bool full = false;
 };
 
 /// A clock moved by hand.
@@ -118,12 +122,14 @@ class ScriptedDialogs : public Dialogs {
 public:
     void answer(const std::string& title, Answer answer) { answers_.push_back({title, answer}); }
     void choose(std::optional<std::string> path) { choices_.push_back(std::move(path)); }
+    bool canAsk() const override { return watched; }
     Answer show(const MessageBox& box) override;
     std::optional<std::string> openFile(const FileDialog& dialog) override;
     std::optional<std::string> saveFile(const FileDialog& dialog) override;
     /// Boxes shown so far.
     std::vector<MessageBox> shown;
     std::vector<FileDialog> fileDialogs;
+    bool watched = true;
     /// Called with each box before it is answered.
     std::function<void(const MessageBox&)> onShow;
 
@@ -241,7 +247,7 @@ struct World {
     RecordingLog log;
     RunState run;
     CommandFlags flags;
-    OptionStore store{settings, log};
+    OptionStore store{settings, log, dialogs};
     Ground ground{files, dialogs, events, log, store, run, flags};
     Services services{files,   settings,  events,   clock,  dialogs, clipboard,
                       windows, processes, archives, socket, viewers, random};
