@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "server_desk.h"
 #include "servers/players_form.h"
+#include "servers/status_reply.h"
 
 #include <algorithm>
 
@@ -54,7 +55,7 @@ void requireOutcome(const Desk& desk, int position, const std::string& reply) {
         return fuzz::require(filled, "a good answer fills the row");
     }
     fuzz::require(filled || isAsBefore(row), "a bad answer fills the row or leaves it alone");
-    fuzz::require(desk.world.log.has("!Bad Status returned from " + kAddress + "," + reply),
+    fuzz::require(desk.world.log.has("!Bad Status returned from " + kAddress + "," + oneLine(reply.substr(0, 1024))),
                   "a bad answer is reported");
 }
 

@@ -155,6 +155,8 @@ class TextField : public Field {
 public:
     TextField(FieldPlace place, const FieldSpec& spec, std::string_view design = {}, std::optional<Range> range = {});
     const std::string& text() const { return text_; }
+    /// The text before any document.
+    const std::string& design() const { return design_; }
     void setText(std::string text);
     std::string valueText() const override { return text_; }
     void setValueText(const std::string& text) override { setText(text); }

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "launch/batch_file.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace gatehouse {
@@ -134,7 +135,14 @@ std::unique_ptr<TextWriter> RunCommand::create(const std::string& path) {
 
 std::string RunCommand::selectedAddress() const {
     if (with_.iplist.current() == 0) throw RuntimeFailure("Object variable not set: no server is selected");
-    return with_.iplist.at(with_.iplist.current()).Address;
+    const std::string& address = with_.iplist.at(with_.iplist.current()).Address;
+    // The game reads its command line as commands: an address, which may come from anybody, must not become one.
+    const auto isUnsafe = [](char c) {
+        return static_cast<unsigned char>(c) <= ' ' || c == 0x7F || c == '"' || c == ';' || c == '+';
+    };
+    if (std::any_of(address.begin(), address.end(), isUnsafe))
+        throw RuntimeFailure("The game can't be given the address " + quoted(address));
+    return address;
 }
 
 void RunCommand::fail(const std::string& reason) {

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "platform/dialogs.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <optional>
@@ -59,9 +60,18 @@ std::optional<ServerEntry> parseServer(std::string_view line, long nameEnd) {
     return entry;
 }
 
+std::string withoutBars(std::string text) {
+    std::replace(text.begin(), text.end(), '|', ' ');
+    return trim(text);
+}
+
+/// The row as a line that is read as this row and no other: a "|" that would part a value becomes a blank.
 std::string serverLine(const ServerEntry& entry) {
     std::string line = trim(entry.Name).append(kNameEnd);
-    for (const auto column : kBarredColumns) line.append(trim(entry.*column)).append("|");
+    if (nameEndOf("#" + line) != static_cast<long>(line.size() - kNameEnd.size()) + 2)
+        line = withoutBars(entry.Name).append(kNameEnd);
+    if (startsWith(line, "//")) line.front() = ' ';  // a server may be called what looks like a comment
+    for (const auto column : kBarredColumns) line.append(withoutBars(entry.*column)).append("|");
     return line.append(trim(entry.Password));
 }
 
@@ -81,14 +91,17 @@ void ServerLists::LoadServerList(std::string& name) {
         file = files_.openText(path);
     } catch (const FileFailure&) {
         log_.logEvent("Couldn't read from " + path, true);
+        if (files_.fileExists(path)) readInPart_ = name;
         return;
     }
     log_.logEvent("File opened OK");
     run_.CurrentServerList = name;
+    readInPart_.clear();
     try {
         readRows(*file);
     } catch (const FileFailure& failure) {
         log_.logEvent(failure.what(), true);
+        readInPart_ = name;
     }
     run_.ServerListChanged = false;
     iplist_.setSortState({.sorted = true, .key = kPingColumn, .descending = false});
@@ -103,6 +116,7 @@ void ServerLists::readRows(TextReader& file) {
         if (nameEnd == 0) continue;
         if (records == kMostRows) {
             log_.logEvent("A list holds " + std::to_string(kMostRows) + " servers: the rest of the file is left", true);
+            readInPart_ = run_.CurrentServerList;
             break;
         }
         ++records;
@@ -116,6 +130,7 @@ void ServerLists::readRows(TextReader& file) {
 
 void ServerLists::SaveServerList(const std::string& name) {
     log_.logEvent("Saving servers list");
+    if (!readInPart_.empty() && equalNoCase(name, readInPart_) && !overwriteWanted(name)) return;
     const std::string path = ghcdir_.text() + name;
     std::string text;
     for (const auto line : kHeaderLines) text.append(line).append(kCrLf);
@@ -138,7 +153,20 @@ void ServerLists::SaveServerList(const std::string& name) {
         return tellFailure(failure);
     }
     log_.logEvent(std::to_string(iplist_.count()) + " servers saved");
+    if (equalNoCase(name, readInPart_)) readInPart_.clear();
     run_.ServerListChanged = false;
+}
+
+bool ServerLists::overwriteWanted(const std::string& name) {
+    const Answer answer =
+        dialogs_.show({.title = "Save Server List",
+                       .text = "Only a part of " + name +
+                               " could be read. What was not read is lost if you write over it.\r\n\r\n"
+                               "Do you want to write over it?",
+                       .buttons = Buttons::YesNo,
+                       .icon = Icon::Question});
+    if (answer != Answer::Yes) log_.logEvent(name + " was read in part only and stays as it is", true);
+    return answer == Answer::Yes;
 }
 
 void ServerLists::tellFailure(const FileFailure& failure) {

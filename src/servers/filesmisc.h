@@ -34,6 +34,8 @@ public:
 private:
     void readRows(TextReader& file);
     void enableRowButtons(bool enabled);
+    /// Whether to write over a list of which only a part is in the table.
+    bool overwriteWanted(const std::string& name);
     void tellFailure(const FileFailure& failure);
 
     Files& files_;
@@ -43,6 +45,7 @@ private:
     CommandFlags& flags_;
     const TextField& ghcdir_;
     ServerTable& iplist_;
+    std::string readInPart_;  ///< name of the list of which the rest is on the disk alone
 };
 
 }  // namespace gatehouse

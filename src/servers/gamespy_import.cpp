@@ -37,6 +37,7 @@ void StatusQuery::ImportGameSpyList(const std::string& path) {
         try {
             const int row = parts_.iplist.append(newServer(oneLine(exportedAddress(line)), ""));
             setPicture(row, "bad");  // and bad it stays without an answer
+            waitForTurn(row);
             const int asked = askAndWait(static_cast<std::int16_t>(row));
             total = addInt16(total, 1);
             if (asked == 0 || parts_.iplist.at(asked).SmallIcon == "bad") dead = addInt16(dead, 1);

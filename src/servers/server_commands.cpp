@@ -110,6 +110,7 @@ void ServerCommands::Query() {
 }
 
 void ServerCommands::Players() {
+    parts_.query.waitForTurn(parts_.iplist.current());
     parts_.query.PlayersAfterReply = true;
     parts_.playersForm.playerlist.clear();
     parts_.query.QueryRow = static_cast<std::int16_t>(parts_.iplist.current());
@@ -203,6 +204,8 @@ void ServerCommands::saveAs(const std::string& name) {
 
 void ServerCommands::iplist_Click() { parts_.flags.tbservers[5].set(parts_.iplist.selectedCount() == 1); }
 
+void ServerCommands::iplist_Escape() { parts_.iplist.selectNone(); }
+
 void ServerCommands::iplist_ColumnClick(int column) {
     SortState sort = parts_.iplist.sortState();
     sort.sorted = true;
@@ -225,6 +228,10 @@ void ServerCommands::iplist_DblClick() {
     const ServerEntry& server = iplist.at(iplist.current());
     parts_.clipboard.setText(server.Address);
     form.q3pwd.setText(server.Password);
+    // A name is no address that the dialog finds in the clipboard: what it held from before must not stay.
+    const auto colon = server.Address.rfind(':');
+    form.ip1.setText(server.Address.substr(0, colon));
+    form.port.setText(colon == std::string::npos ? std::string() : server.Address.substr(colon + 1));
     if (form.ask() && iplist.current() != 0) {
         iplist.update(iplist.current(), [&form](ServerEntry& edited) {
             edited.Address = form.address();

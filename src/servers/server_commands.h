@@ -56,6 +56,8 @@ public:
     void tbservers_ButtonClick(std::string_view tag);
     /// A click into the table, and every choice of rows in it: mod options are those of one server.
     void iplist_Click();
+    /// Selects nothing, which also ends a walk over the selected servers that would go on and on.
+    void iplist_Escape();
     /// `column` counts from 0. The remembered column's second click turns the order round.
     void iplist_ColumnClick(int column);
     /// Edits the current server. Its address travels by the clipboard.

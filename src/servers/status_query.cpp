@@ -9,6 +9,8 @@
 #include <cmath>
 #include <exception>
 #include <limits>
+#include <set>
+#include <utility>
 
 namespace gatehouse {
 
@@ -19,6 +21,11 @@ constexpr std::size_t kPingWidth = 4;
 constexpr std::size_t kPlayersWidth = 5;
 constexpr const char* kDumpFile = "C:\\out.txt";
 constexpr const char* kStandardPort = "27960";
+constexpr double kSecond = 1000;
+/// Milliseconds between two requests to one address at the least; the game's servers take about one a second.
+constexpr double kLeastPause = 1050;
+constexpr int kPauseTick = 50;
+constexpr long kMostShownReply = 1024;
 
 std::int32_t portNumber(const std::string& text) {
     try {
@@ -27,14 +34,6 @@ std::int32_t portNumber(const std::string& text) {
         // Too large for any number is no number either.
     }
     return strictInt32(kStandardPort);
-}
-
-/// Seconds as whole milliseconds. Fails for a text that is no number.
-int milliseconds(const std::string& seconds) {
-    const double value = std::nearbyint(val(seconds) * 1000.0);
-    if (!isNumeric(seconds) || std::abs(value) > std::numeric_limits<std::int32_t>::max())
-        throw RuntimeFailure("Type mismatch: " + quoted(seconds) + " is no time in seconds");
-    return static_cast<int>(value);
 }
 
 }  // namespace
@@ -47,23 +46,48 @@ StatusQuery::StatusQuery(const StatusQueryParts& parts)
     };
 }
 
+void StatusQuery::waitForTurn(int row) {
+    if (row < 1 || row > parts_.iplist.count()) return;
+    const std::string address = parts_.iplist.at(row).Address;
+    const auto now = [this] { return parts_.clock.tickCount(); };
+    std::erase_if(lastRequests_, [&](const auto& request) { return now() - request.second >= kLeastPause; });
+    const auto last = lastRequests_.find(address);
+    if (last == lastRequests_.end()) return;
+    const double turn = last->second + kLeastPause;
+    parts_.events.waitUntil([&] { return now() >= turn; }, kPauseTick);
+}
+
 void StatusQuery::ping_Server() {
     if (parts_.iplist.empty()) return;
     const ServerEntry server = parts_.iplist.at(QueryRow);
     // Always a colon and five digits: a shorter port takes from the host.
-    const std::string host = left(server.Address, static_cast<long>(server.Address.size()) - kPortDigits - 1);
-    parts_.socket.setRemoteHost(host);
+    const long hostLength = static_cast<long>(server.Address.size()) - kPortDigits - 1;
+    if (hostLength < 0)
+        throw RuntimeFailure("The server " + quoted(server.Name) +
+                             " has no address with a port: " + quoted(server.Address));
+    parts_.socket.setRemoteHost(left(server.Address, hostLength));
     parts_.socket.setRemotePort(portNumber(right(server.Address, kPortDigits)));
     if (server.number == 0) parts_.iplist.update(QueryRow, [this](ServerEntry& row) { row.number = ++lastNumber_; });
     asked_ = parts_.iplist.at(QueryRow).number;
+    askedName_ = server.Name;
+    lastRequests_[server.Address] = parts_.clock.tickCount();
     // A query can begin while another waits: what answers that one still gets must not be taken for its own.
     parts_.socket.close();
+    lookingUp_ = true;
+    parts_.socket.lookUp([this] { hostKnown(); });
+    if (!lookingUp_) return;
+    enableCommands(false);
+    startTimer();
+}
+
+void StatusQuery::hostKnown() {
+    if (!std::exchange(lookingUp_, false)) return;
+    if (rowOf(asked_) == 0) return giveUp();  // gone meanwhile
     if (!send()) return;
     QuerySentTick_ = static_cast<std::uint32_t>(static_cast<std::int64_t>(parts_.clock.tickCount()));
     enableCommands(false);
-    parts_.log.logEvent("Waiting for Response from " + server.Name);
-    q3pingtimer_->setInterval(milliseconds(parts_.q3pingwait.text()));
-    q3pingtimer_->setEnabled(true);
+    parts_.log.logEvent("Waiting for Response from " + askedName_);
+    startTimer();
 }
 
 bool StatusQuery::send() {
@@ -75,15 +99,35 @@ bool StatusQuery::send() {
             parts_.log.logEvent(report);
         }
     }
+    giveUp();
+    return false;
+}
+
+void StatusQuery::giveUp() {
     enableCommands(true);
     parts_.socket.close();
     stopTimer();
     QueryRow = 0;
-    return false;
+}
+
+void StatusQuery::startTimer() {
+    q3pingtimer_->setInterval(waitingMilliseconds());
+    q3pingtimer_->setEnabled(true);
+}
+
+int StatusQuery::waitingMilliseconds() const {
+    const std::string& seconds = parts_.q3pingwait.text();
+    const double wait = std::nearbyint(val(seconds) * kSecond);
+    if (isNumeric(seconds) && wait >= 1 && wait <= std::numeric_limits<std::int32_t>::max())
+        return static_cast<int>(wait);
+    const std::string& usual = parts_.q3pingwait.design();
+    parts_.log.logEvent("pingwait " + quoted(seconds) + " is no time in seconds: " + usual + " is taken", true);
+    return static_cast<int>(val(usual) * kSecond);
 }
 
 void StatusQuery::q3pingtimer_Timer() {
     parts_.log.logEvent("No Response From Server");
+    lookingUp_ = false;
     parts_.socket.close();
     stopTimer();
     enableCommands(true);
@@ -157,8 +201,9 @@ std::string StatusQuery::gameText(const std::string& reply) {
 }
 
 void StatusQuery::badReply(const std::string& report, const std::string& reply) {
-    parts_.log.logEvent(
-        report + parts_.socket.remoteHostIp() + ":" + std::to_string(parts_.socket.remotePort()) + "," + reply, true);
+    parts_.log.logEvent(report + parts_.socket.remoteHostIp() + ":" + std::to_string(parts_.socket.remotePort()) + "," +
+                            oneLine(left(reply, kMostShownReply)),
+                        true);
     if (const int row = rowOf(asked_)) setPicture(row, "bad");
     enableCommands(true);
     parts_.socket.close();
@@ -176,16 +221,25 @@ void StatusQuery::q3winsock_Error(int number, const std::string& description) {
 void StatusQuery::QuerySelectedServers() {
     PlayersAfterReply = false;
     const int rows = parts_.iplist.count();
+    std::set<std::uint32_t> askedBefore;
+    const auto isWanted = [this](int row) {
+        return row >= 1 && row <= parts_.iplist.count() && parts_.iplist.selected(row);
+    };
     for (sharedIndex_ = 1; sharedIndex_ <= rows; sharedIndex_ += 1) {
         const auto row = static_cast<std::int16_t>(std::nearbyint(sharedIndex_));
-        // Rows may have gone during a wait.
-        if (row < 1 || row > parts_.iplist.count() || !parts_.iplist.selected(row)) continue;
+        // Rows may have gone during a wait, or are selected no more.
+        if (!isWanted(row)) continue;
+        askingAgain.set(askedBefore.contains(parts_.iplist.at(row).number));
+        waitForTurn(row);
+        if (!isWanted(row)) continue;
         parts_.log.logEvent("Querying Server: " + parts_.iplist.at(row).Name);
         setPicture(row, "mystery");
         askAndWait(row);
+        askedBefore.insert(asked_);
         // A server may report any number for its game type: there is nothing to walk below the first row.
         sharedIndex_ = std::max(sharedIndex_, 0.0);
     }
+    askingAgain.set(false);
     addTotals();
 }
 
@@ -229,8 +283,11 @@ void StatusQuery::setPicture(int row, const char* key) {
 void StatusQuery::restoreDesign() {
     parts_.socket.close();
     stopTimer();
+    lookingUp_ = false;
     QueryRow = 0;
     PlayersAfterReply = false;
+    askingAgain.set(false);
+    lastRequests_.clear();
     for (Field* total : totals.fields) total->restoreDesign();
 }
 

@@ -3,6 +3,7 @@
 #include "base/command_flags.h"
 #include "base/field.h"
 #include "base/log.h"
+#include "base/observable.h"
 #include "base/run_state.h"
 #include "mods/mod_table.h"
 #include "platform/clock.h"
@@ -15,6 +16,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -49,7 +51,14 @@ public:
     LabelField iptotservers{totals, {.name = "iptotservers", .caption = "Servers:"}, "0"};
     LabelField iptotplayers{totals, {.name = "iptotplayers", .caption = "Players:"}, "0"};
 
-    /// Sends the query for `QueryRow`. Fails for an address that is too short to have a port.
+    /// The walk over the selected rows asks one of them again: it goes on until the selection is another.
+    Observable<bool> askingAgain{false};
+
+    /// Waits until the server of a row may be asked once more: a server answers a few requests of one address a second
+    /// and then falls silent. Handlers run meanwhile.
+    void waitForTurn(int row);
+    /// Sends the query for `QueryRow`, once the name of its host is looked up. Fails for an address that is too short
+    /// to have a port.
     void ping_Server();
     /// Asks the selected rows one after the other, then adds up the totals.
     void QuerySelectedServers();
@@ -65,7 +74,11 @@ private:
     void q3winsock_Error(int number, const std::string& description);
     void q3pingtimer_Timer();
 
+    void hostKnown();
     bool send();
+    void giveUp();
+    void startTimer();
+    int waitingMilliseconds() const;
     void takeReply(const std::string& reply);
     void writeRow(const std::string& reply);
     std::string gameText(const std::string& reply);
@@ -83,6 +96,9 @@ private:
     std::uint32_t QuerySentTick_ = 0;  ///< milliseconds
     std::uint32_t lastNumber_ = 0;
     std::uint32_t asked_ = 0;  ///< number of the server asked last
+    std::string askedName_;
+    bool lookingUp_ = false;                      ///< the request is sent when the host is known
+    std::map<std::string, double> lastRequests_;  ///< tick counts by address, of those that still count
     /// The running index of `QuerySelectedServers`. The reply handler keeps the game type in it and the error handler
     /// the answer of its box, so that both move the loop: that is how the list has always been walked.
     double sharedIndex_ = 0;

@@ -236,6 +236,11 @@ void MainWindow::makeStatusBar() {
     follow(message, program_.startup.q3.q3status,
            [message](const std::string& text) { message->setText(shown(text)); });
 
+    auto* again = new QLabel(tr("Asking again and again. Esc in the list ends it."), this);
+    again->setObjectName("askingAgain");
+    statusBar()->addPermanentWidget(again);
+    follow(again, program_.servers.query.askingAgain, [again](bool on) { again->setVisible(on); });
+
     clock_ = new QLabel(this);
     clock_->setObjectName("q3status2");
     clock_->setTextFormat(Qt::PlainText);

@@ -167,5 +167,17 @@ TEST_F(RunCommandTest, TheOptionDecidesWhetherTheGameStarts) {
     }
 }
 
+TEST_F(RunCommandTest, AnAddressThatTheGameWouldTakeForACommandIsNotHandedOver) {
+    for (const char* address : {"a b:27960", "a\"b:27960", "a;quit:27960", "a\nb:27960", "+quit:27960"}) {
+        prepareConnect();
+        world.files.put("C:\\Quake III Arena\\baseq3\\gatehouse.cfg", "earlier");
+        iplist.update(iplist.current(), [&](ServerEntry& row) { row.Address = address; });
+        world.dialogs.answer("Error", Answer::Ok);
+        command.mfilerun_Click();
+        EXPECT_EQ(cfg(), "earlier") << address;
+        EXPECT_TRUE(run.RunErrors && world.processes.started.empty()) << address;
+    }
+}
+
 }  // namespace
 }  // namespace gatehouse

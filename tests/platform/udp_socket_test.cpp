@@ -92,6 +92,27 @@ TEST_F(UdpSocketTest, ARefusedPortIsASilence) {
     EXPECT_EQ(errors, 0);
 }
 
+TEST_F(UdpSocketTest, NamesAreLookedUpInsideTheEventLoop) {
+    int done = 0;
+    const auto ask = [&](const char* host) {
+        socket.setRemoteHost(host);
+        socket.lookUp([&] { ++done; });
+    };
+    ask("127.0.0.1");
+    EXPECT_EQ(done, 1);  // nothing to look up
+    ask("no-such-host.invalid");
+    ask("localhost");  // in place of the other
+    EXPECT_EQ(done, 1);
+    EXPECT_THROW(socket.sendData("early"), RuntimeFailure);
+    events.waitUntil([&] { return done == 2 && !socket.lookingUp(); }, 10);
+    socket.sendData("hello");
+    EXPECT_EQ(received(), "hello");
+    const QList<QHostAddress> both{QHostAddress("::1"), QHostAddress("192.0.2.7"), QHostAddress("192.0.2.8")};
+    EXPECT_EQ(preferredAddress(both), QHostAddress("192.0.2.7"));
+    EXPECT_EQ(preferredAddress(both.first(1)), QHostAddress("::1"));
+    EXPECT_TRUE(preferredAddress({}).isNull());
+}
+
 TEST_F(UdpSocketTest, FailsWithoutAPlaceToSendTo) {
     const std::string known = "127.0.0.1";
     const struct {

@@ -122,6 +122,41 @@ TEST_F(ServerListsTest, ASaveThatFailsKeepsTheFlagAndTheOldList) {
     }
 }
 
+TEST_F(ServerListsTest, NoValueOfOneServerReachesBeyondItsRow) {
+    const std::string hostile[] = {"a|P|1|2|3|4|5|6", "x|p", "|P|", "//", "a|b", " // ", "|"};
+    for (const std::string& text : hostile) {
+        iplist.clear();
+        for (const char* name : {"before", "", "behind"}) {
+            ServerEntry row = newServer("192.0.2.7:27960", "p|w");
+            row.Name = name;
+            if (row.Name.empty()) row.Name = row.Map = row.Game = row.Players = row.Address = text;
+            iplist.append(row);
+        }
+        lists.SaveServerList("mine.ghs");
+        std::string name = "mine.ghs";
+        lists.LoadServerList(name);
+        ASSERT_EQ(iplist.count(), 3) << text;
+        EXPECT_EQ(iplist.at(1).Name + iplist.at(3).Name, "beforebehind");
+        EXPECT_EQ(iplist.at(2).Password, "p|w") << text;
+        EXPECT_EQ(iplist.at(2).Address.find('|'), std::string::npos);
+    }
+    EXPECT_EQ(iplist.at(2).Name, "");
+}
+
+TEST_F(ServerListsTest, AListReadInPartIsNotWrittenOverWithoutAQuestion) {
+    world.files.put("C:\\gh\\mine.ghs", "a|P|1|||||\r\n");
+    world.files.denied.insert("c:\\gh\\mine.ghs");
+    std::string name = "mine.ghs";
+    lists.LoadServerList(name);
+    world.files.denied.clear();
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        world.dialogs.answer("Save Server List", answer);
+        lists.SaveServerList("mine.ghs");
+        EXPECT_EQ(world.files.content("C:\\gh\\mine.ghs").find("a|P|") == std::string::npos, answer == Answer::Yes);
+    }
+    lists.SaveServerList("mine.ghs");  // it is ours by now
+}
+
 TEST_F(ServerListsTest, HoldsAsManyRowsAsA16BitCountAndNoMore) {
     std::string content;
     for (int i = 0; i < 40000; ++i) content += "s" + std::to_string(i) + "|P|" + std::to_string(i % 1000) + "|||||\r\n";

@@ -130,7 +130,7 @@ TEST_F(StatusQueryTest, EveryOtherOutcomeIsToldByTheRow) {
         EXPECT_EQ(row(1), c.row);
         EXPECT_TRUE(idle());
         if (!c.logged.empty()) {
-            EXPECT_EQ(world.log.lines.back(), c.logged + c.reply);
+            EXPECT_EQ(world.log.lines.back(), c.logged + oneLine(c.reply.substr(0, 1024)));
         }
     }
     // A ping of five digits: the name is written by then.
@@ -178,6 +178,64 @@ TEST_F(StatusQueryTest, AnAddressIsCutAtItsSixthLastCharacter) {
               (std::vector<std::string>{"Querying Server: Unknown", "Winsock error. Retrying", "Bad IP Address."}));
     EXPECT_EQ(iplist.at(1).SmallIcon, "mystery");
     EXPECT_TRUE(idle());
+}
+
+TEST_F(StatusQueryTest, ANameIsLookedUpWhileHandlersRun) {
+    world.socket.slowNames = true;
+    const struct {
+        const char* what;
+        std::function<void()> meanwhile;
+        std::size_t sent;
+        const char* picture;
+    } cases[] = {
+        {"it is found", [this] { world.socket.named(); }, 1, "bad"},  // and then nobody answers
+        {"it never is", [] {}, 0, "bad"},
+        {"it is not there",
+         [this] {
+             world.socket.failingSends = 2;
+             world.socket.named();
+         },
+         0, "mystery"},
+        {"the row has gone",
+         [this] {
+             iplist.remove(1);
+             world.socket.named();
+         },
+         0, nullptr},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        fill({"slow.example:27960"});
+        world.socket.sent.clear();
+        world.clock.ticks += 5000;
+        world.events.pending.push_back(c.meanwhile);
+        query.QuerySelectedServers();
+        EXPECT_TRUE(idle());
+        EXPECT_EQ(world.socket.sent.size(), c.sent);
+        if (c.picture) {
+            EXPECT_EQ(iplist.at(1).SmallIcon, c.picture);
+        }
+    }
+}
+
+TEST_F(StatusQueryTest, OneAddressIsNotAskedFasterThanItAnswers) {
+    const std::string type0 = reply("\\sv_maxclients\\8\\g_gametype\\0\\");
+    fill({"a:11111", "b:22222"});
+    std::vector<double> asked;
+    bool told = false;
+    world.socket.onSend = [&] {
+        asked.push_back(world.clock.ticks);
+        told = told || query.askingAgain.get();
+        world.events.pending.push_back([&, turns = asked.size()] {
+            answer(type0)();
+            if (turns == 3) world.events.pending.push_back([this] { iplist.selectNone(); });  // inside the wait
+        });
+    };
+    query.QuerySelectedServers();
+    ASSERT_EQ(asked.size(), 3u);
+    for (const std::size_t i : {1u, 2u}) EXPECT_GE(asked[i] - asked[i - 1], 1050);
+    EXPECT_TRUE(told && !query.askingAgain.get() && idle());
+    EXPECT_EQ(iplist.at(1).SmallIcon, "ok");
 }
 
 TEST_F(StatusQueryTest, AnswersMoveTheIndexOfTheWalk) {

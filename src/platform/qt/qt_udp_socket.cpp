@@ -15,20 +15,18 @@ namespace {
 constexpr qint64 kLongestDatagram = 65535;
 constexpr std::int32_t kLastPort = 65535;
 
-QHostAddress resolve(const std::string& host) {
-    if (trim(host).empty()) throw RuntimeFailure("There is no host to send to");
-    const QString name = QString::fromLatin1(trim(host));
-    if (QHostAddress address; address.setAddress(name)) return address;
-    const QList<QHostAddress> found = QHostInfo::fromName(name).addresses();
-    if (found.isEmpty()) throw RuntimeFailure("The host " + host + " is not known");
-    const auto isIpv4 = [](const QHostAddress& address) { return address.protocol() == QHostAddress::IPv4Protocol; };
-    const auto ipv4 = std::find_if(found.begin(), found.end(), isIpv4);
-    return ipv4 != found.end() ? *ipv4 : found.front();
-}
+QString shownName(const std::string& host) { return QString::fromLatin1(trim(host)); }
 
 }  // namespace
 
-QtUdpSocket::QtUdpSocket(QtEventLoop& events) {
+QHostAddress preferredAddress(const QList<QHostAddress>& found) {
+    const auto isIpv4 = [](const QHostAddress& address) { return address.protocol() == QHostAddress::IPv4Protocol; };
+    const auto ipv4 = std::find_if(found.begin(), found.end(), isIpv4);
+    if (ipv4 != found.end()) return *ipv4;
+    return found.isEmpty() ? QHostAddress() : found.front();
+}
+
+QtUdpSocket::QtUdpSocket(QtEventLoop& events) : events_(events) {
     QObject::connect(&socket_, &QUdpSocket::readyRead, &socket_, [this, &events] {
         const auto bytes = static_cast<int>(socket_.pendingDatagramSize());
         if (onDataArrival) events.guarded([&] { onDataArrival(bytes); });
@@ -39,9 +37,35 @@ QtUdpSocket::QtUdpSocket(QtEventLoop& events) {
     });
 }
 
+void QtUdpSocket::lookUp(std::function<void()> onDone) {
+    callOff();
+    const QString name = shownName(host_);
+    if (name.isEmpty() || QHostAddress().setAddress(name)) return onDone();
+    foundName_ = host_;
+    found_ = {};
+    ++lookUps_;
+    lookUp_ = QHostInfo::lookupHost(name, &socket_, [this, onDone = std::move(onDone)](const QHostInfo& info) {
+        --lookUps_;
+        if (info.lookupId() != lookUp_) return;  // called off
+        lookUp_ = 0;
+        found_ = preferredAddress(info.addresses());
+        events_.guarded(onDone);
+    });
+}
+
+void QtUdpSocket::callOff() { lookUp_ = 0; }
+
+QHostAddress QtUdpSocket::target() const {
+    if (trim(host_).empty()) throw RuntimeFailure("There is no host to send to");
+    QHostAddress address;
+    if (address.setAddress(shownName(host_))) return address;
+    if (host_ != foundName_ || found_.isNull()) throw RuntimeFailure("The host " + host_ + " is not known");
+    return found_;
+}
+
 void QtUdpSocket::sendData(const std::string& bytes) {
     if (port_ < 1 || port_ > kLastPort) throw RuntimeFailure("There is no port " + std::to_string(port_));
-    const QHostAddress target = resolve(host_);
+    const QHostAddress target = this->target();
     open(target);
     remoteIp_ = target.toString().toStdString();
     remotePort_ = port_;
@@ -80,6 +104,7 @@ std::string QtUdpSocket::getData() {
 }
 
 void QtUdpSocket::close() {
+    callOff();
     const QSignalBlocker silent(socket_);
     socket_.abort();
 }

@@ -101,6 +101,7 @@ TableView* makeServerList(ServerTable& iplist, ServerCommands& commands) {
     listen(view, iplist.selectionChanged, [&commands] { commands.iplist_Click(); });
     QObject::connect(view, &TableView::mouseClicked, view, [&commands] { commands.iplist_Click(); });
     QObject::connect(view, &TableView::rowOpened, view, [&commands] { commands.iplist_DblClick(); });
+    QObject::connect(view, &TableView::escaped, view, [&commands] { commands.iplist_Escape(); });
     listen(view, commands.iplistFocusWanted, [view] { view->setFocus(Qt::OtherFocusReason); });
     follow(view, commands.busy, [view](bool busy) { busy ? view->setCursor(Qt::BusyCursor) : view->unsetCursor(); });
     return view;

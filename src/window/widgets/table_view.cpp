@@ -113,6 +113,10 @@ int TableView::addedRow(const std::vector<bool>& selected) const {
 }
 
 void TableView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && selectionMode() == ExtendedSelection) {
+        Q_EMIT escaped();
+        return;
+    }
     const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!opens || !currentIndex().isValid()) return QTreeView::keyPressEvent(event);
     Q_EMIT rowOpened();

@@ -27,6 +27,8 @@ Q_SIGNALS:
     /// A person double-clicked a row or pressed Return on it. One click is never enough, whatever the desktop's way is
     /// for files: these commands open dialogs and games.
     void rowOpened();
+    /// Escape was pressed, in a view of which many rows can be selected.
+    void escaped();
     /// The mouse was clicked anywhere in the view, whether or not that has changed anything.
     void mouseClicked();
 

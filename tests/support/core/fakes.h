@@ -180,6 +180,10 @@ class FakeSocket : public UdpSocket {
 public:
     void setRemoteHost(const std::string& name) override { host = name; }
     void setRemotePort(std::int32_t number) override { port = number; }
+    void lookUp(std::function<void()> onDone) override {
+        if (!slowNames) return onDone();
+        named = std::move(onDone);
+    }
     void sendData(const std::string& bytes) override {
         if (failingSends > 0 && failingSends-- > 0) throw RuntimeFailure("unreachable");
         sent.push_back(host + "|" + std::to_string(port) + "|" + bytes);
@@ -204,6 +208,8 @@ public:
     std::int32_t port = 0;
     std::vector<std::string> sent;  ///< host, port and bytes
     std::function<void()> onSend;
+    bool slowNames = false;  ///< `named` is to be called by the test
+    std::function<void()> named;
     int ports = 0;  ///< local ports taken so far
     int failingSends = 0;
     bool failToRead = false;
