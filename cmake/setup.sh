@@ -2,7 +2,7 @@
 # shellcheck shell=bash disable=SC2034
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libzip-dev libxcb1-dev fonts-dejavu-core)
-test_packages=(googletest libgtest-dev xvfb xauth openbox xdotool imagemagick unzip procps dbus at-spi2-core python3-pyatspi)
+test_packages=(googletest libgtest-dev xvfb xauth openbox xdotool imagemagick unzip procps dbus at-spi2-core python3 python3-pyatspi)
 real_packages=(openarena-server qstat)
 fuzz_packages=(clang libclang-rt-dev llvm)
 

@@ -105,7 +105,7 @@ void GameFinder::backupGameConfig(const std::string& gameDir) {
     if (!files_.fileExists(backup)) {
         log_.logEvent("->backup didn't work. Unknown error");
         if (failure.empty()) return;
-        dialogs_.show({.title = "First Time Setup",
+        dialogs_.show({.title = "Error",
                        .text = "Your existing Quake 3 settings could not be backed up.\r\n\r\n" + failure,
                        .icon = Icon::Stop});
         return;
