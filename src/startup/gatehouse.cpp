@@ -155,21 +155,22 @@ std::string Gatehouse::handleFatal(const std::exception& failure, bool canShow) 
         }
     };
     if (const auto* document = dynamic_cast<const DocumentFailure*>(&failure)) attempt([&] { mendOptions(*document); });
-    line += keepUnsaved(failure.what());
+    const Kept kept = keepUnsaved(failure.what());
+    line += kept.where + kept.lost;
     attempt([&] { log.logEvent(line, true); });
     const auto show = [&] { services_.dialogs.show({.title = "Gatehouse", .text = line, .icon = Icon::Stop}); };
     if (canShow && !closing_) attempt(show);
     return line;
 }
 
-std::string Gatehouse::keepUnsaved(const std::string& reason) {
+Kept Gatehouse::keepUnsaved(const std::string& reason) {
     // Before the window is ready there is no work of anybody's; once it has unloaded, all is saved or given up.
-    return ready_ && startup.q3.loaded ? rescue.keep(reason) : std::string();
+    return ready_ && startup.q3.loaded ? rescue.keep(reason) : Kept();
 }
 
 std::string Gatehouse::endQuietly(const std::string& reason) {
-    const std::string kept = keepUnsaved(reason);
-    const std::string line = "Gatehouse has ended: " + reason + kept;
+    const Kept kept = keepUnsaved(reason);
+    const std::string line = "Gatehouse has ended: " + reason + kept.where + kept.lost;
     try {
         log.logEvent(line, true);
         if (ready_ && startup.q3.loaded) startup.store.setOption("showconsole", booleanText(run.ShowConsole.get()));
@@ -177,7 +178,7 @@ std::string Gatehouse::endQuietly(const std::string& reason) {
         // Neither is worth holding up the end.
     }
     services_.events.endWaits();
-    return kept.empty() ? std::string() : line;
+    return kept.lost.empty() ? std::string() : line;
 }
 
 std::vector<RescueKind> Gatehouse::rescueKinds() {

@@ -61,11 +61,11 @@ public:
     /// kept, the options are mended so that the next start works, the log has it, and there is a box where someone can
     /// see one. Returns the line.
     std::string handleFatal(const std::exception& failure, bool canShow);
-    /// An end that nobody is asked about: what is unsaved is kept, and no wait goes on. Returns what could not be kept,
-    /// empty if nothing is lost.
+    /// An end that nobody is asked about: what is unsaved is kept, and no wait goes on. Returns a line if
+    /// something could not be kept.
     std::string endQuietly(const std::string& reason);
     /// Keeps what is unsaved, as the end may be near. Touches nothing that is on show.
-    std::string keepUnsaved(const std::string& reason);
+    Kept keepUnsaved(const std::string& reason);
 
 private:
     const Services& services_;

@@ -60,15 +60,15 @@ std::string freePath(const Files& files, const std::string& folder, std::string_
 Rescue::Rescue(const Ground& ground, const Clock& clock, std::vector<RescueKind> kinds)
     : ground_(ground), clock_(clock), kinds_(std::move(kinds)), own_(kinds_.size()) {}
 
-std::string Rescue::keep(const std::string& reason) {
+Kept Rescue::keep(const std::string& reason) {
     Entry entry{.time = dateTimeText(clock_.now()), .reason = oneLine(reason), .paths = {}};
-    std::string failures;
+    Kept result;
     // What can't be kept of one kind must not cost the others.
-    const auto attempt = [&failures](auto&& action) {
+    const auto attempt = [&result](auto&& action) {
         try {
             action();
         } catch (const std::exception& failure) {
-            failures += std::string("; ") + failure.what();
+            result.lost += std::string("; ") + failure.what();
         }
     };
     for (std::size_t i = 0; i < kinds_.size(); ++i) {
@@ -82,12 +82,13 @@ std::string Rescue::keep(const std::string& reason) {
             entry.paths.push_back(path);
         });
     }
-    if (entry.paths.empty()) return failures;
+    if (entry.paths.empty()) return result;
     if (!earlier_) earlier_ = readRecord();
     auto entries = *earlier_;
     entries.push_back(entry);
     attempt([&] { writeRecord(entries); });
-    return "; what was not saved is in " + listed(entry.paths) + failures;
+    result.where = "; what was not saved is in " + listed(entry.paths);
+    return result;
 }
 
 void Rescue::takeBack() {

@@ -21,6 +21,12 @@ struct RescueKind {
     std::function<void(const std::string& path)> open;
 };
 
+/// What became of unsaved work: each the rest of a line, empty if there is nothing to tell.
+struct Kept {
+    std::string where;
+    std::string lost;
+};
+
 /// Keeps unsaved work when the program has to end, in files of their own in the program folder, and a record beside
 /// them; the next start tells of it. Nothing is ever written over what an earlier run has kept.
 class Rescue {
@@ -28,9 +34,9 @@ public:
     /// The kinds in the order in which they are kept and opened.
     Rescue(const Ground& ground, const Clock& clock, std::vector<RescueKind> kinds);
 
-    /// Keeps all that is unsaved. Returns the rest of a line that tells where, and what could not be kept; empty if
-    /// there was nothing. Doesn't fail. What the same run has kept before is brought up to date.
-    std::string keep(const std::string& reason);
+    /// Keeps all that is unsaved. Doesn't fail: what can't be kept is told. What the same run has kept before is brought
+    /// up to date.
+    Kept keep(const std::string& reason);
     /// Takes back what this run has kept: it went on after all, and its work is dealt with.
     void takeBack();
 

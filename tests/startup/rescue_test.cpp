@@ -121,7 +121,7 @@ TEST_F(RescueTest, AnEndThatDoesNotComeLeavesNothingBehind) {
     world.dialogs.answer("Exit Gatehouse", Answer::No);
     program->q3_Unload();
     for (const auto& path : {kDocument, kList, kRecord}) EXPECT_FALSE(world.files.fileExists(path)) << path;
-    EXPECT_EQ(program->keepUnsaved("late"), "");
+    EXPECT_EQ(program->keepUnsaved("late").where, "");
 }
 
 TEST_F(RescueTest, ARecordOfAnyContentOpensNothingButRescues) {
