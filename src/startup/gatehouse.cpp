@@ -134,11 +134,13 @@ void Gatehouse::q3_Unload() {
             run.ConfigChanged = false;
         }
     }
-    // A list that was to be saved and can't be is kept in another place; what this run has kept before is dealt with.
-    if (run.SaveFailed)
-        keepUnsaved("a list could not be saved");
-    else
+    // What was to be saved and is not, is kept in another place. Otherwise all is dealt with.
+    if (run.SaveFailed || run.ServerListChanged || run.ConfigChanged) {
+        const Kept kept = keepUnsaved("not all could be saved");
+        log.logEvent("Not all could be saved" + kept.where + kept.lost, true);
+    } else {
         rescue.takeBack();
+    }
     closeAllWindows();
     unloading_ = false;
 }
