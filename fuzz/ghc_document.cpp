@@ -20,7 +20,6 @@ constexpr std::array<std::string_view, 3> kUnlike = {"seta r_depthbits ", "seta 
 /// Positions of three digits, so that their texts sort as their numbers do.
 constexpr int kMostMaps = 999;
 
-const std::string kRescue = "C:\\gh\\rescue.ghc";
 
 struct Desk : fake::DocumentDesk {
     Desk() {
@@ -52,8 +51,7 @@ struct Desk : fake::DocumentDesk {
         }
     }
     std::string rescued() {
-        documents.writeRescue(kRescue);
-        return world.files.content(kRescue);
+        return documents.rescueText();
     }
     /// False for rows that the format can't carry: too many maps, or a mod's key whose button was taken away.
     bool canComeBack() const {

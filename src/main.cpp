@@ -11,6 +11,7 @@
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_udp_socket.h"
 #include "platform/qt/qt_viewers.h"
+#include "platform/qt/session_end.h"
 #include "platform/qt/zip_archives.h"
 #include "platform/random.h"
 #include "platform/x11/x11_windows.h"
@@ -71,7 +72,7 @@ int main(int argc, char** argv) {
     QtFiles files(cacheFolder());
     QtSettingsStore settings(optionsFile());
     QtClock clock;
-    QtDialogs dialogs(interactive);
+    QtDialogs dialogs(interactive, &events);
     QtClipboard clipboard;
     QtProcesses processes(argc, argv);
     X11Windows windows([&processes] { return processes.startedGames(); });
@@ -89,6 +90,12 @@ int main(int argc, char** argv) {
         QApplication::setWindowIcon(icon("gatehouse"));
         splash.emplace(program.startup.splash, program.run);
     }
+    const auto printAny = [](const std::string& line) {
+        if (!line.empty()) std::cerr << line << '\n';
+    };
+    const SessionEnd sessionEnd(
+        events, {.end = [&](const std::string& reason) { printAny(program.endQuietly(reason)); },
+                 .keep = [&](const std::string& reason) { static_cast<void>(program.keepUnsaved(reason)); }});
     // A run-and-leave never sees the main window: it is made when it is first wanted.
     std::unique_ptr<MainWindow> mainWindow;
     program.startup.q3.visible.changed.connect([&] {
@@ -97,6 +104,10 @@ int main(int argc, char** argv) {
 
     try {
         program.StartupDriver();
+        if (interactive && program.startup.q3.visible.get())
+            program.rescue.offer();
+        else
+            printAny(program.rescue.notice());
         if (program.startup.q3.visible.get()) events.run();
     } catch (const Shutdown&) {
         // The main window has unloaded inside a wait.

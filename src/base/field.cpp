@@ -50,6 +50,14 @@ void TextField::setText(std::string text) {
     changed.emit();
 }
 
+std::int16_t strictInt16(const TextField& field) {
+    try {
+        return strictInt16(field.text());
+    } catch (const RuntimeFailure& failure) {
+        throw RuntimeFailure(field.title() + " (" + field.name() + "): " + failure.what());
+    }
+}
+
 LabelField::LabelField(FieldPlace place, const FieldSpec& spec, std::string_view design, std::optional<Range> range)
     : TextField(place, Kind::Label, spec, design, range) {}
 

@@ -170,6 +170,9 @@ private:
     std::string text_;
 };
 
+/// The strict conversion of `base/numbers.h`; a failure names the field.
+std::int16_t strictInt16(const TextField& field);
+
 /// A text that is shown and not typed; its value is what a screen reader reads out.
 class LabelField : public TextField {
 public:

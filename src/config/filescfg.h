@@ -2,10 +2,10 @@
 
 #include "base/command_flags.h"
 #include "base/field.h"
+#include "base/line_failure.h"
 #include "base/log.h"
 #include "base/options.h"
 #include "base/run_state.h"
-#include "base/runtime_failure.h"
 #include "config/document_host.h"
 #include "config/document_rows.h"
 #include "config/settings_document.h"
@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/ground.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -20,21 +21,10 @@
 
 namespace gatehouse {
 
-/// A line of a config document that can't be taken. The message names the file, the line's number, the line (its first
-/// 200 characters) and what is wrong with it.
-class DocumentFailure : public RuntimeFailure {
+/// A line of a config document that can't be taken.
+class DocumentFailure : public LineFailure {
 public:
-    DocumentFailure(std::string path, long lineNumber, const std::string& line, std::string_view reason);
-
-    const std::string& path() const { return path_; }
-    long lineNumber() const { return lineNumber_; }
-    /// Its first 200 characters.
-    const std::string& line() const { return line_; }
-
-private:
-    std::string path_;
-    long lineNumber_;
-    std::string line_;
+    using LineFailure::LineFailure;
 };
 
 /// What the documents are made from and what they act on. All of it outlives them.
@@ -57,15 +47,21 @@ public:
     void writeConfig(const std::string& path);
     /// Writes default.ghc into the folder of the documents. Fails like any file.
     void writeDefaultConfig();
-    /// Writes the document without a word and leaves title and changed flag alone; a line that can't be written, or not
-    /// be read again, is left out. Meant for what is unsaved when the program fails.
-    void writeRescue(const std::string& path);
+    /// The document as it stands; a line that can't be written, or not be read again, is left out.
+    std::string rescueText() const;
+    /// The same of what no file has: nothing without changes; while a load is half way, or has failed there, what
+    /// was unsaved before it.
+    std::optional<std::string> unsavedText() const;
     /// Applies a document line by line. False when it can't be opened. Fails with `DocumentFailure` at a line that
     /// can't be taken; what stands before it stays applied.
     bool loadConfig(const std::string& path);
 
     /// A document has been applied to its end.
     Signal<> loaded;
+
+    /// Makes that file the document in use and loads it, as the Open command does with what was chosen. Fails like
+    /// `loadConfig`.
+    void openDocument(const std::string& path);
 
     void mfileopen_Click();
     void mfilesave_Click();
@@ -96,12 +92,16 @@ private:
     static const DocumentRow* findRow(const std::vector<DocumentRow>& rows, const std::string& key);
 
     void chooseDocument(const std::string& path);
+    /// True when another document may come in: nothing has changed, or it was saved or given up when asked.
+    bool changesSettled();
 
     DocumentParts parts_;
     std::vector<DocumentRow> seta_;
     std::vector<DocumentRow> srvr_;
     std::vector<DocumentRow> bots_;
     std::unordered_map<std::string, const DocumentRow*> setaByKey_;
+    bool loading_ = false;                    ///< a load has begun and not come to its end
+    std::optional<std::string> beforeLoad_;  ///< what was unsaved when it began
 };
 
 }  // namespace gatehouse

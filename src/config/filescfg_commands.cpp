@@ -36,8 +36,8 @@ void ConfigDocuments::mfileopen_Click() {
         const auto chosen = parts_.dialogs.openFile(dialog);
         if (!chosen) return;
         if (parts_.files.fileExists(*chosen)) {
-            chooseDocument(*chosen);
-            break;
+            if (changesSettled()) openDocument(*chosen);
+            return;
         }
         const Answer answer = parts_.dialogs.show({.title = "Load Config",
                                                    .text = "File Does Not Exist. Choose Another?",
@@ -45,9 +45,25 @@ void ConfigDocuments::mfileopen_Click() {
                                                    .icon = Icon::Question});
         if (answer != Answer::Yes) return;
     }
-    loadConfig(run.CurrentConfigPath);
+}
+
+bool ConfigDocuments::changesSettled() {
+    const RunState& run = parts_.run;
+    if (!run.ConfigChanged) return true;
+    const Answer answer = parts_.dialogs.show({.title = "Load Config",
+                                               .text = "Save changes to " + run.CurrentConfigPath + "?",
+                                               .buttons = Buttons::YesNoCancel,
+                                               .icon = Icon::Question,
+                                               .safeAnswer = Answer::Cancel});
+    if (answer == Answer::Yes) writeConfig(run.CurrentConfigPath);
+    return answer != Answer::Cancel;
+}
+
+void ConfigDocuments::openDocument(const std::string& path) {
+    chooseDocument(path);
+    loadConfig(path);
     try {
-        parts_.host.sbar_GroupClick(run.CurrentMode.get());
+        parts_.host.sbar_GroupClick(parts_.run.CurrentMode.get());
     } catch (const RuntimeFailure&) {
         // The document is loaded whether or not its mode can be shown.
     }

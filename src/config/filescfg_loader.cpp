@@ -9,13 +9,6 @@ namespace gatehouse {
 
 namespace {
 
-/// Most characters that a message shows of a line and of what is wrong with it.
-constexpr long kShown = 200;
-
-std::string failureText(const std::string& path, long lineNumber, const std::string& line, std::string_view reason) {
-    return path + ", line " + std::to_string(lineNumber) + ": " + left(line, kShown) + ": " + left(reason, kShown);
-}
-
 /// The two halves at the first "|", or nothing without one.
 std::optional<std::pair<std::string, std::string>> halves(const std::string& text) {
     const long at = find(text, "|");
@@ -46,15 +39,11 @@ bool readLine(TextReader& file, const std::string& path, long& number, std::stri
 
 }  // namespace
 
-DocumentFailure::DocumentFailure(std::string path, long lineNumber, const std::string& line, std::string_view reason)
-    : RuntimeFailure(failureText(path, lineNumber, line, reason)),
-      path_(std::move(path)),
-      lineNumber_(lineNumber),
-      line_(left(line, kShown)) {}
-
 bool ConfigDocuments::loadConfig(const std::string& path) {
     SettingsDocument& doc = parts_.doc;
     Log& log = parts_.log;
+    beforeLoad_ = unsavedText();
+    loading_ = true;
     parts_.host.unmarkRotation();
     doc.MapCount = 0;
     log.logEvent("Trying to load " + path);
@@ -68,6 +57,7 @@ bool ConfigDocuments::loadConfig(const std::string& path) {
         file = parts_.files.openText(path);
     } catch (const RuntimeFailure&) {
         log.logEvent("Could not open " + path, true);
+        loading_ = false;
         return false;
     }
     log.logEvent("Opened OK");
@@ -88,6 +78,7 @@ bool ConfigDocuments::loadConfig(const std::string& path) {
     parts_.run.title.set(lower(parts_.run.CurrentConfigPath));
     // Last: the changes of the fields have set it on the way.
     parts_.run.ConfigChanged = false;
+    loading_ = false;
     loaded.emit();
     return true;
 }

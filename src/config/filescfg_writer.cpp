@@ -130,11 +130,16 @@ void ConfigDocuments::writeConfig(const std::string& path) {
     parts_.run.title.set(lower(parts_.run.CurrentConfigPath));
 }
 
-void ConfigDocuments::writeRescue(const std::string& path) {
-    const auto sections = compose(BadLines::LeaveOut);
-    const auto file = parts_.files.replaceText(path);
-    for (const Section& section : sections) file->write(section.text);
-    file->close();
+std::string ConfigDocuments::rescueText() const {
+    std::string text;
+    for (const Section& section : compose(BadLines::LeaveOut)) text += section.text;
+    return text;
+}
+
+std::optional<std::string> ConfigDocuments::unsavedText() const {
+    if (loading_) return beforeLoad_;
+    if (!parts_.run.ConfigChanged) return std::nullopt;
+    return rescueText();
 }
 
 void ConfigDocuments::writeDefaultConfig() {

@@ -1,5 +1,6 @@
 #include "content/map_catalog.h"
 
+#include "base/line_failure.h"
 #include "base/numbers.h"
 #include "base/run_state.h"
 #include "base/text.h"
@@ -11,6 +12,7 @@
 #include <optional>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace gatehouse {
@@ -93,9 +95,15 @@ void MapCatalog::loadUserMaps() {
         return;
     }
     log_.logEvent("File opened OK");
+    readUserMaps(*file, userMapsPath());
+    kept_ = userMapLines();
+    log_.logEvent(std::to_string(userMapCounter_ - static_cast<int>(kStandardMapCount)) + " Maps parsed OK");
+}
+
+void MapCatalog::readUserMaps(TextReader& file, const std::string& path) {
     userMapCounter_ = kStandardMapCount;
     std::string line;
-    while (file->readLine(line)) {
+    for (long number = 1; file.readLine(line); ++number) {
         if (startsWith(line, "//")) continue;
         const long blank = find(line, " ");
         if (blank == 0) {
@@ -103,19 +111,28 @@ void MapCatalog::loadUserMaps() {
             continue;
         }
         const std::string name = left(line, blank - 1);
-        addUserMap(name, mid(line, blank + 1));
+        try {
+            addUserMap(name, mid(line, blank + 1));
+        } catch (const RuntimeFailure& failure) {
+            throw LineFailure(path, number, line, failure.what());
+        }
         log_.logEvent("->parsed " + name + " OK");
     }
-    kept_ = userMapLines();
-    log_.logEvent(std::to_string(userMapCounter_ - static_cast<int>(kStandardMapCount)) + " Maps parsed OK");
+}
+
+void MapCatalog::takeUserMaps(const std::string& path) {
+    const auto file = files_.openText(path);
+    // Maps that came in by half must not go over the file.
+    const bool unread = std::exchange(unread_, true);
+    maptree.retain([](int, const MapEntry& node) { return !startsWith(node.key, kUserPrefix); });
+    readUserMaps(*file, path);
+    unread_ = unread;
 }
 
 void MapCatalog::saveUserMaps() {
     log_.logEvent("Saving usermaps.txt");
     if (unread_) return log_.logEvent("usermaps.txt could not be read: it stays as it is", true);
-    std::string text;
-    for (const auto line : kHeaderLines) text.append(line).append(kCrLf);
-    text += userMapLines();
+    const std::string text = fileText();
     try {
         if (holds(text)) {
             log_.logEvent("File opened OK");  // and not a byte of it is another
@@ -140,6 +157,26 @@ void MapCatalog::saveUserMaps() {
     }
     kept_ = userMapLines();
     log_.logEvent(std::to_string(maptree.count() - kFixedNodes) + " maps written OK");
+}
+
+std::optional<std::string> MapCatalog::saveOrTell() {
+    if (userMapLines() == kept_) return std::nullopt;
+    try {
+        if (unread_) return fileText();
+        const auto file = files_.replaceText(userMapsPath());
+        file->write(fileText());
+        file->close();
+    } catch (const FileFailure&) {
+        return fileText();
+    }
+    kept_ = userMapLines();
+    return std::nullopt;
+}
+
+std::string MapCatalog::fileText() const {
+    std::string text;
+    for (const auto line : kHeaderLines) text.append(line).append(kCrLf);
+    return text + userMapLines();
 }
 
 std::string MapCatalog::userMapLines() const {

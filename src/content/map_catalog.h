@@ -6,12 +6,14 @@
 #include "platform/ground.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace gatehouse {
 
 class Dialogs;
 class Files;
+class TextReader;
 struct RunState;
 
 enum class MapImage { ClosedGroup = 1, FreeMap = 2, UsedMap = 3, OpenGroup = 4 };
@@ -43,6 +45,11 @@ public:
     /// Writes `usermaps.txt` whole, unless it is that already. A failure is logged, and told
     /// where it costs a map.
     void saveUserMaps();
+    /// For an end without questions: `usermaps.txt` is written if the user maps have changed. Returns what the file
+    /// was to hold where that fails.
+    std::optional<std::string> saveOrTell();
+    /// Puts the maps of such a file in place of the user maps. Fails like any file.
+    void takeUserMaps(const std::string& path);
     /// Adds a user map and returns its position.
     int addUserMap(const std::string& name, const std::string& description);
 
@@ -53,6 +60,8 @@ public:
 
 private:
     std::string userMapsPath() const;
+    std::string fileText() const;
+    void readUserMaps(TextReader& file, const std::string& path);
     /// The lines of the user maps.
     std::string userMapLines() const;
     /// True if `usermaps.txt` is this text.

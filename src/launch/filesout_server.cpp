@@ -147,7 +147,7 @@ void GameConfig::writeBots() {
 }
 
 void GameConfig::writeRandomBots() {
-    const int count = strictInt16(from_.doc.q3randnum.text());
+    const int count = strictInt16(from_.doc.q3randnum);
     for (int i = 1; i <= count; ++i) {
         const auto drawn = static_cast<std::size_t>(from_.random.next() * static_cast<double>(kBotNames.size()));
         std::string line = "addbot " + std::string(kBotNames[drawn]) + " " + from_.doc.q3randskill.text();

@@ -1,6 +1,6 @@
 #include "platform/batch_script.h"
 
-#include "base/runtime_failure.h"
+#include "base/line_failure.h"
 #include "base/text.h"
 
 namespace gatehouse {
@@ -10,8 +10,8 @@ namespace {
 /// The longest command line that the system of the batch files takes.
 constexpr std::size_t kLongestLine = 32767;
 
-[[noreturn]] void fail(std::size_t number, const std::string& why) {
-    throw RuntimeFailure("Line " + std::to_string(number) + " of the batch file " + why);
+[[noreturn]] void fail(std::size_t number, const std::string& line, const std::string& why) {
+    throw LineFailure("The batch file", static_cast<long>(number), line, why);
 }
 
 bool isDrive(const std::string& line) {
@@ -25,7 +25,7 @@ bool isComment(const std::string& line) {
 /// The folder in `cd "..."`. A quote inside of it belongs to the name.
 std::string folderOfLine(const std::string& line, std::size_t number) {
     const std::string folder = trim(mid(line, 4));
-    if (folder.size() < 2 || !folder.starts_with('"') || !folder.ends_with('"')) fail(number, "names no folder");
+    if (folder.size() < 2 || !folder.starts_with('"') || !folder.ends_with('"')) fail(number, line, "it names no folder");
     return cut(folder, 1, 1);
 }
 
@@ -62,13 +62,13 @@ BatchScript parseBatchScript(std::string_view text) {
     std::size_t number = 0;
     for (const std::string& raw : splitLines(text)) {
         ++number;
-        if (raw.size() > kLongestLine) fail(number, "is too long");
-        if (raw.find('\0') != std::string::npos) fail(number, "holds a character that no program can be given");
+        if (raw.size() > kLongestLine) fail(number, raw, "it is too long");
+        if (raw.find('\0') != std::string::npos) fail(number, raw, "it holds a character that no program can be given");
         const std::string line = trim(raw);
         if (isComment(line)) continue;
         if (equalNoCase(line, "exit")) break;
-        if (!script.arguments.empty()) fail(number, "comes after the program line");
-        if (line.starts_with('@') || line.starts_with(':')) fail(number, "is not known: " + left(line, 80));
+        if (!script.arguments.empty()) fail(number, line, "it comes after the program line");
+        if (line.starts_with('@') || line.starts_with(':')) fail(number, line, "it is not known");
 
         if (isDrive(line))
             script.folder = line + "\\";

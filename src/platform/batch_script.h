@@ -16,7 +16,7 @@ struct BatchScript {
 std::vector<std::string> splitProgramLine(std::string_view line);
 
 /// Reads the text of a launch batch file: comments and "@echo off", a drive, `cd "..."`, one program line, `exit`.
-/// Fails with the number of a line that it can't carry out, and for a file without a program line.
+/// Fails with the line that it can't carry out, and for a file without a program line.
 BatchScript parseBatchScript(std::string_view text);
 
 }  // namespace gatehouse

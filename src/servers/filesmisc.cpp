@@ -128,14 +128,19 @@ void ServerLists::readRows(TextReader& file) {
     log_.logEvent(std::to_string(records) + " servers parsed OK");
 }
 
-void ServerLists::SaveServerList(const std::string& name) {
-    log_.logEvent("Saving servers list");
-    if (!readInPart_.empty() && equalNoCase(name, readInPart_) && !overwriteWanted(name)) return;
-    const std::string path = ghcdir_.text() + name;
+std::string ServerLists::fileText() const {
     std::string text;
     for (const auto line : kHeaderLines) text.append(line).append(kCrLf);
     for (int position = 1; position <= iplist_.count(); ++position)
         text.append(serverLine(iplist_.at(position))).append(kCrLf);
+    return text;
+}
+
+void ServerLists::SaveServerList(const std::string& name) {
+    log_.logEvent("Saving servers list");
+    if (!readInPart_.empty() && equalNoCase(name, readInPart_) && !overwriteWanted(name)) return;
+    const std::string path = ghcdir_.text() + name;
+    const std::string text = fileText();
     std::unique_ptr<TextWriter> file;
     try {
         file = files_.replaceText(path);

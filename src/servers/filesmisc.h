@@ -30,6 +30,8 @@ public:
     void LoadServerList(std::string& name);
     /// Writes all rows, in the order on show. A failure is logged and told; the old file and the flag stay.
     void SaveServerList(const std::string& name);
+    /// What a file of the list in its present order holds.
+    std::string fileText() const;
 
 private:
     void readRows(TextReader& file);

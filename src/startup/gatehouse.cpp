@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -35,7 +36,8 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
              {config.doc, mods.table, *this, mods.aliases, servers.iplist, startup.options.q3runoptions,
               startup.options.extracmdline}),
       benchmark(startup.ground),
-      rules(startup, services, config, mods, content, servers) {
+      rules(startup, services, config, mods, content, servers),
+      rescue(startup.ground, services.clock, rescueKinds()) {
     tieRooms();
 }
 
@@ -119,6 +121,7 @@ void Gatehouse::q3_Unload() {
             servers.lists.SaveServerList(run.CurrentServerList);
         } else {
             log.logEvent("User abandons changes", true);
+            run.ServerListChanged = false;
         }
     }
     if (run.ConfigChanged) {
@@ -128,7 +131,15 @@ void Gatehouse::q3_Unload() {
             config.documents.writeConfig(run.CurrentConfigPath);
         } else {
             log.logEvent("User abandons config changes", true);
+            run.ConfigChanged = false;
         }
+    }
+    // What was to be saved and is not, is kept in another place. Otherwise all is dealt with.
+    if (run.SaveFailed || run.ServerListChanged || run.ConfigChanged) {
+        const Kept kept = keepUnsaved("not all could be saved");
+        log.logEvent("Not all could be saved" + kept.where + kept.lost, true);
+    } else {
+        rescue.takeBack();
     }
     closeAllWindows();
     unloading_ = false;
@@ -139,22 +150,78 @@ std::string Gatehouse::handleFatal(const std::exception& failure, bool canShow) 
     const auto attempt = [&line](auto&& action) {
         try {
             action();
+        } catch (const Shutdown&) {
+            // The program ends already, and this is about how.
         } catch (const std::exception& second) {
             line += std::string("; ") + second.what();
         }
     };
-    const auto* document = dynamic_cast<const DocumentFailure*>(&failure);
-    if (document) attempt([&] { mendOptions(*document); });
-    if (!document && ready_ && run.ConfigChanged) {
-        attempt([&] {
-            const std::string rescue = run.AppDir + "rescue.ghc";
-            config.documents.writeRescue(rescue);
-            line += "; what was not saved is in " + rescue;
-        });
-    }
+    if (const auto* document = dynamic_cast<const DocumentFailure*>(&failure)) attempt([&] { mendOptions(*document); });
+    const Kept kept = keepUnsaved(failure.what());
+    line += kept.where + kept.lost;
+    attempt([&] { log.logEvent(line, true); });
     const auto show = [&] { services_.dialogs.show({.title = "Gatehouse", .text = line, .icon = Icon::Stop}); };
     if (canShow && !closing_) attempt(show);
     return line;
+}
+
+Kept Gatehouse::keepUnsaved(const std::string& reason) {
+    // Before the window is ready there is no work of anybody's; once it has unloaded, all is saved or given up.
+    return ready_ && startup.q3.loaded ? rescue.keep(reason) : Kept();
+}
+
+std::string Gatehouse::endQuietly(const std::string& reason) {
+    const Kept kept = keepUnsaved(reason);
+    const std::string line = "Gatehouse has ended: " + reason + kept.where + kept.lost;
+    try {
+        log.logEvent(line, true);
+        if (ready_ && startup.q3.loaded) startup.store.setOption("showconsole", booleanText(run.ShowConsole.get()));
+    } catch (const RuntimeFailure&) {
+        // Neither is worth holding up the end.
+    }
+    services_.events.endWaits();
+    return kept.lost.empty() ? std::string() : line;
+}
+
+std::vector<RescueKind> Gatehouse::rescueKinds() {
+    return {{.stem = "rescue-maps",
+             .ending = ".txt",
+             .unsaved = [this] { return content.maps.saveOrTell(); },
+             .open =
+                 [this](const std::string& path) {
+                     content.maps.takeUserMaps(path);
+                     content.maps.markRotation(config.doc.maplist);
+                 }},
+            {.stem = "rescue",
+             .ending = ".ghc",
+             .unsaved = [this] { return config.documents.unsavedText(); },
+             .open = [this](const std::string& path) { openRescuedDocument(path); }},
+            {.stem = "rescue",
+             .ending = ".ghs",
+             .unsaved = [this]() -> std::optional<std::string> {
+                 if (!run.ServerListChanged) return std::nullopt;
+                 return servers.lists.fileText();
+             },
+             .open = [this](const std::string& path) { openRescuedList(path); }}};
+}
+
+void Gatehouse::openRescuedDocument(const std::string& path) {
+    config.documents.openDocument(path);
+    run.ConfigChanged = true;  // its own document doesn't have it yet
+}
+
+void Gatehouse::openRescuedList(const std::string& path) {
+    // A list is known by its name in the lists' own folder.
+    const std::string& folder = startup.options.ghcdir.text();
+    std::string name = bareName(path);
+    if (!equalNoCase(folder, run.AppDir)) {
+        const std::string copy = freePath(services_.files, folder, "rescue", ".ghs");
+        services_.files.copyFile(path, copy);
+        name = bareName(copy);
+    }
+    startup.store.setOption("lastsvr", name);
+    servers.lists.LoadServerList(name);
+    run.ServerListChanged = true;
 }
 
 void Gatehouse::mendOptions(const DocumentFailure& failure) {

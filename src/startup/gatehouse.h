@@ -10,6 +10,7 @@
 #include "mods/mods_room.h"
 #include "platform/services.h"
 #include "servers/servers_room.h"
+#include "startup/rescue.h"
 #include "startup/startup_room.h"
 #include "window/rules/window_room.h"
 
@@ -56,10 +57,15 @@ public:
     /// and for a list that could not be saved at the end.
     int exitStatus() const { return noDocument_ || (runAndLeave_ && run.RunErrors) || run.SaveFailed ? 1 : 0; }
 
-    /// What is done about a failure that nothing caught: one line on standard error is the caller's; a rescue copy of
-    /// what is unsaved, the options mended so that the next start works, and a box where someone can see one. Returns
-    /// the line.
+    /// What is done about a failure that nothing caught: one line on standard error is the caller's; what is unsaved is
+    /// kept, the options are mended so that the next start works, the log has it, and there is a box where someone can
+    /// see one. Returns the line.
     std::string handleFatal(const std::exception& failure, bool canShow);
+    /// An end that nobody is asked about: what is unsaved is kept, and no wait goes on. Returns a line if
+    /// something could not be kept.
+    std::string endQuietly(const std::string& reason);
+    /// Keeps what is unsaved, as the end may be near. Touches nothing that is on show.
+    Kept keepUnsaved(const std::string& reason);
 
 private:
     const Services& services_;
@@ -77,6 +83,7 @@ public:
     LaunchRoom launch;
     BenchmarkRoom benchmark;
     WindowRoom rules;
+    Rescue rescue;
 
 private:
     // Steps of the load sequence.
@@ -101,6 +108,9 @@ private:
     std::array<Room*, 8> rooms() const;
     void tieRooms();
     void mendOptions(const DocumentFailure& failure);
+    std::vector<RescueKind> rescueKinds();
+    void openRescuedDocument(const std::string& path);
+    void openRescuedList(const std::string& path);
 
     // DocumentHost
     std::string selectedModel() const override { return content.models.selectedModel(); }

@@ -213,7 +213,10 @@ void Gatehouse::findMods() {
 }
 
 void Gatehouse::chooseDocument() {
+    run.ConfigChanged = false;  // what the start has put into the fields is nobody's work
     if (!run.CommandLine.empty()) {
+        if (run.CommandLine.size() < 2)
+            throw RuntimeFailure("The command line " + quoted(run.CommandLine) + " is too short to name a document");
         run.CurrentConfigPath = cut(run.CommandLine, 2, 0);
         if (!services_.files.fileExists(run.CurrentConfigPath)) run.CurrentConfigPath = config.documents.defaultPath();
         return;

@@ -52,13 +52,13 @@ TEST(BatchScriptTest, FailsWithTheLine) {
     } cases[] = {
         {"", "The batch file names no program"},
         {"exit\nquake3.exe\n", "The batch file names no program"},
-        {"a\nb\n", "Line 2 of the batch file comes after the program line"},
-        {":loop\n", "Line 1 of the batch file is not known: :loop"},
-        {"\n@del x\n", "Line 2 of the batch file is not known: @del x"},
-        {"cd \\a\n", "Line 1 of the batch file names no folder"},
-        {"cd \"\\a\n", "Line 1 of the batch file names no folder"},
-        {"a " + std::string(32768, 'x'), "Line 1 of the batch file is too long"},
-        {std::string("a \0b", 4), "Line 1 of the batch file holds a character that no program can be given"},
+        {"a\nb\n", "The batch file, line 2: b: it comes after the program line"},
+        {":loop\n", "The batch file, line 1: :loop: it is not known"},
+        {"\n@del x\n", "The batch file, line 2: @del x: it is not known"},
+        {"cd \\a\n", "The batch file, line 1: cd \\a: it names no folder"},
+        {"cd \"\\a\n", "The batch file, line 1: cd \"\\a: it names no folder"},
+        {"a " + std::string(32768, 'x'), "The batch file, line 1: a " + std::string(198, 'x') + ": it is too long"},
+        {std::string("a \0b", 4), "The batch file, line 1: a  b: it holds a character that no program can be given"},
     };
     for (const auto& c : cases) {
         try {

@@ -43,6 +43,26 @@ TEST(OpenCommand, AsksAgainForAFileThatIsntThere) {
     EXPECT_TRUE(desk.host.calls.empty());
 }
 
+TEST(OpenCommand, AsksWhatBecomesOfChanges) {
+    for (const Answer answer : {Answer::Yes, Answer::No, Answer::Cancel}) {
+        DocumentDesk desk;
+        desk.world.files.put("C:\\gh\\My.ghc", "");
+        desk.world.files.put("C:\\gh\\two.ghc", "seta sensitivity \"7\"\r\n");
+        desk.doc.sensitivity.setText("9");
+        desk.run.ConfigChanged = true;
+        desk.world.dialogs.choose("C:\\gh\\two.ghc");
+        desk.world.dialogs.answer("Load Config", answer);
+        desk.documents.mfileopen_Click();
+        EXPECT_EQ(desk.world.dialogs.shown.at(0).text, "Save changes to C:\\gh\\My.ghc?");
+        EXPECT_EQ(desk.world.files.content("C:\\gh\\My.ghc").find("\"9\"") != std::string::npos,
+                  answer == Answer::Yes);
+        const bool stays = answer == Answer::Cancel;
+        EXPECT_EQ(desk.doc.sensitivity.text(), stays ? "9" : "7");
+        EXPECT_EQ(desk.run.CurrentConfigPath, stays ? "C:\\gh\\My.ghc" : "C:\\gh\\two.ghc");
+        EXPECT_EQ(desk.run.ConfigChanged, stays);
+    }
+}
+
 TEST(OpenCommand, AModeThatCantBeShownIsNoFailure) {
     DocumentDesk desk;
     desk.world.files.put("C:\\gh\\two.ghc", "seta sensitivity \"7\"\r\n");

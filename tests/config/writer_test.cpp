@@ -214,8 +214,7 @@ TEST(Writer, RescueLeavesOutWhatCantBeWrittenAndTouchesNothingElse) {
     desk.doc.bindlist.update(1, [](KeyBinding& row) { row.tag = "kzz"; });
     desk.doc.bindlist.update(2, [](KeyBinding& row) { row.tag = "ks"; });
     desk.host.model.clear();
-    desk.documents.writeRescue("C:\\gh\\rescue.ghc");
-    const std::string text = desk.world.files.content("C:\\gh\\rescue.ghc");
+    const std::string text = desk.documents.rescueText();
     EXPECT_NE(text.find("seta sv_hostname \"mine\"\r\n"), std::string::npos);
     EXPECT_EQ(text.find("kzz"), std::string::npos);
     EXPECT_EQ(text.find("seta model"), std::string::npos);

@@ -1,6 +1,6 @@
 #include "mods/aliases.h"
 
-#include "base/runtime_failure.h"
+#include "base/line_failure.h"
 #include "support/core/fakes.h"
 
 #include <gtest/gtest.h>
@@ -35,6 +35,15 @@ protected:
         write();
         return world.files.content("C:\\q3\\baseq3\\ghaliases.cfg");
     }
+    template <class Work>
+    static std::string failureOf(Work&& work) {
+        try {
+            work();
+        } catch (const LineFailure& failure) {
+            return failure.what();
+        }
+        return "";
+    }
     std::vector<std::string> rows() const {
         std::vector<std::string> result;
         for (int i = 1; i <= bindlist.count(); ++i) result.push_back(bindlist.at(i).text + "|" + bindlist.at(i).key);
@@ -63,11 +72,12 @@ TEST_F(AliasTest, MissingFilesQuotesAndRowsFailTheWriting) {
     EXPECT_THROW(write(), RuntimeFailure);
     put({"#def \"A\"", "#key \"x\"", "#end"});
     EXPECT_THROW(write(), RuntimeFailure);
-    for (const auto& lines : std::vector<std::vector<std::string>>{
-             {"#def \"One\"", "#key \"a", "#end"}, {"#def \"One\"", "#key a", "#end"}, {"#def One", "#end"}}) {
-        put(lines);
-        EXPECT_THROW(aliases.loadAliases(), RuntimeFailure) << lines[0] << lines[1];
-        EXPECT_THROW(write(), RuntimeFailure) << lines[0] << lines[1];
+    for (const auto& [key, number] : {std::pair("#key \"a", 2), {"#key a", 2}, {"#def One", 1}}) {
+        put(number == 2 ? std::vector<std::string>{"#def \"One\"", key, "#end"} : std::vector<std::string>{key, "#end"});
+        const std::string message =
+            "C:\\gh\\aliases.txt, line " + std::to_string(number) + ": " + key + ": a name needs two quotes";
+        EXPECT_EQ(failureOf([this] { aliases.loadAliases(); }), message);
+        EXPECT_EQ(failureOf([this] { write(); }), message);
     }
 }
 
@@ -93,7 +103,7 @@ TEST_F(AliasTest, PlaceholdersTakeTheChosenKeys) {
     for (const char* script : {"bind mouse1 kill", "bind #-1 kill"}) {
         auto lines = head;
         lines.push_back(script);
-        EXPECT_THROW(written(lines, {"n1", "mouse1"}), RuntimeFailure) << script;
+        EXPECT_THROW(written(lines, {"n1", "mouse1"}), LineFailure) << script;
     }
 }
 

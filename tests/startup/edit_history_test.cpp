@@ -11,10 +11,7 @@ class EditHistoryTest : public testing::Test {
 protected:
     EditHistoryTest() { program.StartupDriver(); }
 
-    std::string document() {
-        program.config.documents.writeRescue("C:\\gh\\now.txt");
-        return world.files.content("C:\\gh\\now.txt");
-    }
+    std::string document() { return program.config.documents.rescueText(); }
 
     int below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
 

@@ -71,15 +71,6 @@ TEST_F(LoadSequenceTest, TheEndAsksAboutBothChangesAndSavesWhatIsWanted) {
     EXPECT_EQ(world.settings.values["extracmdline"], "+set vm_game 0");  // putting the form back stores nothing
 }
 
-TEST_F(LoadSequenceTest, AFatalFailureLeavesARescueCopy) {
-    program.StartupDriver();
-    program.config.doc.q3hostname.setText("Unsaved");
-    world.dialogs.answer("Gatehouse", Answer::Ok);
-    const std::string line = program.handleFatal(RuntimeFailure("Overflow"), true);
-    EXPECT_EQ(line, "Gatehouse can't go on: Overflow; what was not saved is in C:\\gh\\rescue.ghc");
-    EXPECT_NE(world.files.content("C:\\gh\\rescue.ghc").find("\"Unsaved\""), std::string::npos);
-}
-
 TEST_F(LoadSequenceTest, ADiskThatFillsUpInASaveLeavesARescueCopyEvenOfAnUnchangedDocument) {
     program.StartupDriver();
     program.startup.options.q3loglevel.setIndex(0);

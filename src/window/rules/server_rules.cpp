@@ -70,8 +70,8 @@ void ServerRules::showIfOnShow(const Limits& limits, const NumberField& limit, T
 }
 
 void ServerRules::storeLimits(const Limits& limits) {
-    limits.frags.setValue(strictInt16(doc_.fraglimit.text()));
-    limits.time.setValue(strictInt16(doc_.timelimit.text()));
+    limits.frags.setValue(strictInt16(doc_.fraglimit));
+    limits.time.setValue(strictInt16(doc_.timelimit));
     if (limits.friendlyFire) limits.friendlyFire->setValue(doc_.fgame.value());
 }
 
@@ -91,11 +91,11 @@ void ServerRules::showWarmup() {
 void ServerRules::dowarmup_Click() { showWarmup(); }
 
 void ServerRules::fraglimit_Change() {
-    if (const Limits* limits = limitsOnShow()) limits->frags.setValue(strictInt16(doc_.fraglimit.text()));
+    if (const Limits* limits = limitsOnShow()) limits->frags.setValue(strictInt16(doc_.fraglimit));
 }
 
 void ServerRules::timelimit_Change() {
-    if (const Limits* limits = limitsOnShow()) limits->time.setValue(strictInt16(doc_.timelimit.text()));
+    if (const Limits* limits = limitsOnShow()) limits->time.setValue(strictInt16(doc_.timelimit));
 }
 
 void ServerRules::fgame_Click() {

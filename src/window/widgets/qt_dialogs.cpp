@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "platform/qt/native_paths.h"
+#include "platform/qt/qt_event_loop.h"
 #include "platform/qt/shown_text.h"
 
 #include <QAbstractButton>
@@ -119,6 +120,7 @@ Answer QtDialogs::show(const MessageBox& box) {
         print(box.title, box.text);
         return safeAnswer(box);
     }
+    throwIfEnded();
     QMessageBox window(iconOf(box.icon), shown(box.title), boxText(box.text), buttonsOf(box.buttons), frontWindow());
     window.setTextFormat(Qt::PlainText);
     window.setObjectName(QStringLiteral("messageBox"));
@@ -127,9 +129,14 @@ Answer QtDialogs::show(const MessageBox& box) {
     window.setDefaultButton(box.buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
     window.setEscapeButton(escapeButton(box.buttons));
     const int pressed = window.exec();
+    throwIfEnded();
     for (const ButtonAnswer& one : kAnswers)
         if (pressed == one.button) return one.answer;
     return safeAnswer(box);  // the loop was ended from elsewhere
+}
+
+void QtDialogs::throwIfEnded() const {
+    if (events_ && events_->ended()) throw Shutdown{};
 }
 
 std::optional<std::string> QtDialogs::openFile(const FileDialog& dialog) { return chooseFile(dialog, false); }
@@ -141,6 +148,7 @@ std::optional<std::string> QtDialogs::chooseFile(const FileDialog& dialog, bool 
         print(title, "No file can be chosen without a display.");
         return std::nullopt;
     }
+    throwIfEnded();
     QFileDialog window(frontWindow(), shown(title), QString(), toolkitFilter(dialog.filter));
     window.setObjectName(QStringLiteral("fileDialog"));
     // A name that does not exist is taken, and an existing one without a question: the caller asks about both. The
@@ -155,7 +163,9 @@ std::optional<std::string> QtDialogs::chooseFile(const FileDialog& dialog, bool 
     const std::string name = nativeName(preset);
     window.selectFile(shown(name));
 
-    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty()) return std::nullopt;
+    const bool accepted = window.exec() == QDialog::Accepted;
+    throwIfEnded();
+    if (!accepted || window.selectedFiles().isEmpty()) return std::nullopt;
     const QFileInfo chosen(QDir::cleanPath(window.selectedFiles().constFirst()));
     // A preset name that isn't in UTF-8 comes back as it was.
     const bool asPreset = chosen.fileName() == shown(name) && !chosen.exists();

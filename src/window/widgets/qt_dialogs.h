@@ -6,11 +6,15 @@
 
 namespace gatehouse {
 
+class QtEventLoop;
+
 /// Boxes and file dialogs. Where nobody can answer (`interactive` false) a box is printed to standard error and
-/// answered safely, and a file dialog is cancelled.
+/// answered safely, and a file dialog is cancelled. Once the event loop has ended there is nobody to ask: what is on
+/// show then, or comes after, leaves by `Shutdown`.
 class QtDialogs : public Dialogs {
 public:
-    explicit QtDialogs(bool interactive) : interactive_(interactive) {}
+    explicit QtDialogs(bool interactive, const QtEventLoop* events = nullptr)
+        : interactive_(interactive), events_(events) {}
 
     bool canAsk() const override { return interactive_; }
     Answer show(const MessageBox& box) override;
@@ -20,7 +24,10 @@ public:
 private:
     std::optional<std::string> chooseFile(const FileDialog& dialog, bool saving) const;
 
+    void throwIfEnded() const;
+
     bool interactive_;
+    const QtEventLoop* events_;
 };
 
 /// A filter of the form "Caption (*.a)|*.a|Other (*.b, *.c)|*.b;*.c" as the toolkit wants it, with all files behind.
