@@ -1,6 +1,5 @@
 #include "window/rules/mod_options.h"
 
-#include "base/runtime_failure.h"
 #include "mods/mod_file.h"
 #include "support/core/fakes.h"
 
@@ -109,10 +108,12 @@ TEST_F(ModOptionsTest, StoresWhatIsDoneAndReadsAListBackOneRowAbove) {
         show("A", [&] { EXPECT_EQ(fields[1].listIndex, index); });
         mod.options[1].value = "0";
     }
-    for (const char* value : {"", "b", "4", "-1"}) {
+    for (const std::string value : {"", "b", "4", "-1", "99999"}) {
         mod.options[1].value = value;
-        EXPECT_THROW(options.showFor("A"), RuntimeFailure) << value;
+        show("A", [&] { EXPECT_EQ(fields[1].listIndex, -1) << value; });
+        EXPECT_EQ(world.log.lines.back(), "!: no entry of b for the value \"" + value + "\"");
     }
+    EXPECT_EQ(world.log.lines.size(), 5u) << "0 selects nothing and is no fault";
 }
 
 }  // namespace
