@@ -11,6 +11,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace gatehouse {
 namespace {
 
@@ -23,6 +25,8 @@ protected:
         bind(*make<QComboBox>(), mod);
         bind(*make<QSlider>(), snaps);
         bind(*make<QLabel>(), colour);
+        bind(*make<SpinText>(), hunk);
+        bind(*make<QLineEdit>(), folder);
         window.show();
     }
 
@@ -45,6 +49,8 @@ protected:
     ListField mod{group, {"modcombo", "Mod:"}, {"one", "two", "three"}, 1};
     SliderField snaps{group, {"q3snaps", "Snapshots:"}, Range{1, 30, 1, 5}, 20};
     LabelField colour{group, {"q3fxcolor", "FX Colour:"}, "4"};
+    TextField hunk{group, {.name = "q3hunksize", .takenWhenLeft = true}, "56", Range{64, 256, 16}};
+    TextField folder{group, {.name = "ghcdir", .isPath = true}};
     QWidget window;
     QFormLayout layout{&window};
 };
@@ -88,6 +94,46 @@ TEST_F(BindersTest, AnUnfinishedNumberStaysInTheLineAndGivesWayWhenItIsLeft) {
     EXPECT_EQ(limit.text(), "-3");
     QTest::keyClick(&spin, Qt::Key_Return);
     EXPECT_EQ(spin.text(), "-3");
+}
+
+TEST_F(BindersTest, AFieldThatIsTakenWhenLeftWaitsForTheWholeText) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto& spin = find<SpinText>("q3hunksize");
+    spin.setFocus();
+    spin.selectAll();
+    QTest::keyClicks(&spin, "12");
+    EXPECT_EQ(hunk.text(), "56");
+    QTest::keyClick(&spin, Qt::Key_Up);
+    EXPECT_EQ(hunk.text(), "64") << "the buttons count at once, on from what is typed";
+    for (const auto& [typed, leave] : {std::pair<const char*, std::function<void()>>(
+                                           "128", [&] { QTest::keyClick(&spin, Qt::Key_Return); }),
+                                       {"129", [&] { find<QLineEdit>("q3hostname").setFocus(); }},
+                                       {"130", leaveTypedText}}) {
+        spin.setFocus();
+        spin.selectAll();
+        QTest::keyClicks(&spin, typed);
+        EXPECT_NE(hunk.text(), typed);
+        leave();
+        EXPECT_EQ(hunk.text(), typed);
+    }
+}
+
+TEST_F(BindersTest, APathKeepsItsBytesWhereALetterIsChanged) {
+    const struct {
+        std::string before;
+        const char16_t* typed;
+        std::string after;
+    } cases[] = {
+        {"C:\\Jos\xC3\xA9", u"x", "C:\\Jos\xC3\xA9x"},
+        {"C:\\", u"\u00E9", "C:\\\xC3\xA9"},
+        {"C:\\Jos\xE9", u"x", "C:\\Jos\xE9x"},                      // no UTF-8: as it was
+        {"C:\\Jos\xE9", u"\u0416", "C:\\Jos\xC3\xA9\xD0\x96"},  // there is no other way to tell it
+    };
+    for (const auto& one : cases) {
+        folder.setText(one.before);
+        find<QLineEdit>("ghcdir").insert(QString::fromUtf16(one.typed));
+        EXPECT_EQ(folder.text(), one.after);
+    }
 }
 
 TEST_F(BindersTest, ShowingAValueNeverChangesIt) {

@@ -6,10 +6,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -43,7 +45,6 @@ protected:
     }
     static void type(QFileDialog& dialog, const QString& name) {
         auto* line = dialog.findChild<QLineEdit*>("fileNameEdit");
-        EXPECT_TRUE(line->hasFocus());
         line->setText(name);
         press(*line, Qt::Key_Return);
     }
@@ -80,6 +81,16 @@ TEST_F(DialogsTest, ShowsABoxAsPlainTextAndTellsTheButton) {
         const MessageBox box{"Run", "<b>one</b>\r\n\x93two\x94 \xFC", c.buttons, Icon::Question};
         EXPECT_EQ(dialogs.show(box), c.answer);
     }
+}
+
+TEST_F(DialogsTest, ANoThatLosesSomethingMustBePressed) {
+    whenShown<QMessageBox>([](QMessageBox& box) {
+        press(box, Qt::Key_Escape);
+        box.close();
+        EXPECT_TRUE(box.isVisible());
+        box.findChild<QAbstractButton*>("no")->click();
+    });
+    EXPECT_EQ(dialogs.show({.title = "Exit", .text = "?", .buttons = Buttons::YesNo, .noLoses = true}), Answer::No);
 }
 
 TEST_F(DialogsTest, AFailureBehindABoxEndsIt) {
@@ -120,7 +131,8 @@ TEST_F(DialogsTest, OpenTakesANameThatDoesNotExist) {
     for (const std::string name : {"here.ghc", "new.ghc"}) {
         whenShown<QFileDialog>([&name](QFileDialog& shownDialog) {
             EXPECT_EQ(shownDialog.windowTitle(), "Load Config");
-            EXPECT_EQ(shownDialog.findChild<QLineEdit*>("fileNameEdit")->text(), "here.ghc");
+            const auto* line = shownDialog.findChild<QLineEdit*>("fileNameEdit");
+            EXPECT_TRUE(line->hasFocus() && line->text() == "here.ghc");
             type(shownDialog, QString::fromStdString(name));
         });
         EXPECT_EQ(dialogs.openFile(dialog), scratch.path("Docs\\" + name));
@@ -133,6 +145,50 @@ TEST_F(DialogsTest, OpenTakesANameThatDoesNotExist) {
         type(shownDialog, "here.ghc");
     });
     EXPECT_EQ(dialogs.saveFile(dialog), scratch.path("Docs\\here.ghc"));
+}
+
+TEST_F(DialogsTest, ASaveGetsItsEndingAndAFolderThatIsThere) {
+    scratch.put("Docs/old.txt", "x");
+    const struct {
+        const char *typed, *filter, *chosen;
+    } cases[] = {
+        {"new", "Config (*.ghc)", "new.ghc"},         {"v1.2", "Config (*.ghc)", "v1.2.ghc"},
+        {"NEW.GHC", "Config (*.ghc)", "NEW.GHC"},     {"new", "All files (*)", "new"},
+        {"old.txt", "Config (*.ghc)", "old.txt"},  // the file in use
+        {"other.txt", "Config (*.ghc)", "other.txt.ghc"},
+    };
+    const FileDialog dialog{.title = "Save Config",
+                            .filter = "Config (*.ghc)|*.ghc",
+                            .startFolder = scratch.path("docs\\"),
+                            .fileName = scratch.path("docs\\old.txt")};
+    for (const auto& c : cases) {
+        whenShown<QFileDialog>([&](QFileDialog& box) {
+            box.selectNameFilter(c.filter);
+            whenShown<QMessageBox>([](QMessageBox& refusal) {
+                EXPECT_TRUE(refusal.text().contains("nowhere"));
+                press(refusal, Qt::Key_Return);
+            });
+            type(box, QString("nowhere/") + c.typed);
+            EXPECT_TRUE(box.isVisible());
+            type(box, c.typed);
+        });
+        EXPECT_EQ(dialogs.saveFile(dialog), scratch.path("Docs\\" + std::string(c.chosen)));
+    }
+}
+
+TEST_F(DialogsTest, AnImportMustBeThereAndAFolderComesWithItsBackslash) {
+    scratch.put("Docs/list.txt", "x");
+    const FileDialog dialog{"Open", "", scratch.path("docs\\"), "", "txt"};
+    whenShown<QFileDialog>([&](QFileDialog& box) {
+        whenShown<QMessageBox>([](QMessageBox& refusal) { press(refusal, Qt::Key_Return); });
+        type(box, "none.TXT");
+        EXPECT_TRUE(box.isVisible());
+        type(box, "list.txt");
+    });
+    EXPECT_EQ(dialogs.openFile(dialog), scratch.path("Docs\\list.txt"));
+    whenShown<QFileDialog>([](QFileDialog& box) { box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click(); });
+    EXPECT_EQ(dialogs.chooseFolder("Folder", scratch.path("docs")), scratch.path("Docs\\"));
+    EXPECT_EQ(silent.chooseFolder("Folder", ""), std::nullopt);
 }
 
 TEST_F(DialogsTest, NamesThatAreNoUtf8Survive) {

@@ -148,6 +148,12 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
     EXPECT_EQ(line.text() + find<QAction>("meditredo").text(), "noname&Redo Hostname");
     find<QAction>("meditredo").trigger();
     EXPECT_EQ(program.config.doc.q3hostname.text(), "nonameab");
+    auto& hunk = find("q3hunksize");
+    hunk.setFocus();
+    QTest::keyClick(&hunk, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&hunk, "128");
+    QTest::keyClick(&window, Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(program.config.doc.q3hunksize.text(), "128") << "a command works on what was typed";
     program.run.ConfigChanged = false;
     find<QAction>("mfileexit").trigger();
     EXPECT_TRUE(world.events.ended);

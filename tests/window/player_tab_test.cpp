@@ -83,6 +83,9 @@ TEST_F(PlayerTabTest, AChosenModelIsOneStepThatCanBeUndone) {
     EXPECT_FALSE(program.config.history.canUndo.get());
     program.meditredo_Click();
     EXPECT_EQ(program.content.models.selectedModel(), chosen);
+    while (program.content.models.mdltree.at(program.content.models.mdltree.current()).parent != 0)
+        QTest::keyClick(&tree, Qt::Key_Up);
+    EXPECT_TRUE(program.config.doc.currmodel.text().ends_with("/Default")) << "what the document holds for a model alone";
 }
 
 }  // namespace

@@ -49,6 +49,7 @@ TEST_F(OptionsRulesTest, ViewersCloseTheDialogEvenWhenTheyFail) {
 
     program.mtoolsoptions_Click();
     world.viewers.failToStart = true;
+    world.dialogs.answer("Options", Answer::Ok);
     rules.viewerr_Click();
     EXPECT_TRUE(logged("Can't show C:\\gh\\20010203140506-errorlog.txt"));
     EXPECT_FALSE(rules.q3options.get());
