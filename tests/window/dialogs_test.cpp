@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 
 namespace gatehouse {
 namespace {
@@ -60,40 +61,36 @@ TEST_F(DialogsTest, ShowsABoxAsPlainTextAndTellsTheButton) {
         Buttons buttons;
         Qt::Key key;
         Answer answer;
+        bool noLoses = false;
     } cases[] = {
-        {Buttons::Ok, Qt::Key_Escape, Answer::Ok},
-        {Buttons::YesNo, Qt::Key_Escape, Answer::No},
-        {Buttons::YesNo, Qt::Key_Return, Answer::Yes},
-        {Buttons::YesNoCancel, Qt::Key_N, Answer::No},
-        {Buttons::YesNoCancel, Qt::Key_Escape, Answer::Cancel},
+        {Buttons::Ok, Qt::Key_Escape, Answer::Ok},       {Buttons::YesNo, Qt::Key_Escape, Answer::No},
+        {Buttons::YesNo, Qt::Key_Return, Answer::Yes},   {Buttons::YesNoCancel, Qt::Key_Escape, Answer::Cancel},
+        {Buttons::YesNoCancel, Qt::Key_N, Answer::No},   {Buttons::YesNo, Qt::Key_N, Answer::No, true},
+        {Buttons::YesNo, Qt::Key_Return, Answer::Yes, true},
     };
     for (const auto& c : cases) {
         whenShown<QMessageBox>([&c](QMessageBox& box) {
             EXPECT_EQ(box.windowTitle(), "Run");
             EXPECT_EQ(box.text(), u"<b>one</b>\n“two” ü"_qs);
-            EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.icon(), QMessageBox::Question);
+            EXPECT_TRUE(box.textFormat() == Qt::PlainText && box.icon() == QMessageBox::Question);
+            if (c.noLoses) {  // it must be pressed
+                press(box, Qt::Key_Escape);
+                box.close();
+                EXPECT_TRUE(box.isVisible());
+            }
             if (c.key == Qt::Key_N)
                 box.findChild<QAbstractButton*>("no")->click();
             else
                 press(box, c.key);
         });
-        const MessageBox box{"Run", "<b>one</b>\r\n\x93two\x94 \xFC", c.buttons, Icon::Question};
-        EXPECT_EQ(dialogs.show(box), c.answer);
+        EXPECT_EQ(dialogs.show({.title = "Run",
+                                .text = "<b>one</b>\r\n\x93two\x94 \xFC",
+                                .buttons = c.buttons,
+                                .icon = Icon::Question,
+                                .noLoses = c.noLoses}),
+                  c.answer);
     }
-}
-
-TEST_F(DialogsTest, ANoThatLosesSomethingMustBePressed) {
-    whenShown<QMessageBox>([](QMessageBox& box) {
-        press(box, Qt::Key_Escape);
-        box.close();
-        EXPECT_TRUE(box.isVisible());
-        box.findChild<QAbstractButton*>("no")->click();
-    });
-    EXPECT_EQ(dialogs.show({.title = "Exit", .text = "?", .buttons = Buttons::YesNo, .noLoses = true}), Answer::No);
-}
-
-TEST_F(DialogsTest, AFailureBehindABoxEndsIt) {
+    // A failure behind a box ends it.
     QtEventLoop& events = static_cast<GuardedApplication<QApplication>*>(qApp)->events();
     QTimer::singleShot(0, &receiver, [] { throw RuntimeFailure("behind"); });
     EXPECT_EQ(dialogs.show({"Run", "text", Buttons::YesNo, Icon::None, Answer::No}), Answer::No);
@@ -101,23 +98,17 @@ TEST_F(DialogsTest, AFailureBehindABoxEndsIt) {
 }
 
 TEST_F(DialogsTest, WithoutADisplayBoxesArePrintedAndAnsweredSafely) {
-    const struct {
-        Buttons buttons;
-        Answer safe, answer;
-    } cases[] = {
-        {Buttons::Ok, Answer::No, Answer::Ok},
-        {Buttons::YesNo, Answer::Yes, Answer::Yes},
-        {Buttons::YesNo, Answer::Cancel, Answer::No},
-        {Buttons::YesNoCancel, Answer::Cancel, Answer::Cancel},
-    };
-    for (const auto& c : cases) {
+    for (const auto& [buttons, safe, answer] : {std::tuple(Buttons::Ok, Answer::No, Answer::Ok),
+                                                {Buttons::YesNo, Answer::Yes, Answer::Yes},
+                                                {Buttons::YesNo, Answer::Cancel, Answer::No},
+                                                {Buttons::YesNoCancel, Answer::Cancel, Answer::Cancel}}) {
         ::testing::internal::CaptureStderr();
-        EXPECT_EQ(silent.show({"Run", "one\r\n\r\n\x1B[2Jtwo \xFC", c.buttons, Icon::None, c.safe}), c.answer);
+        EXPECT_EQ(silent.show({"Run", "one\r\n\r\n\x1B[2Jtwo \xFC", buttons, Icon::None, safe}), answer);
         EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Run: one\nRun: [2Jtwo \xC3\xBC\n");
     }
 }
 
-TEST(DialogFilterTest, BecomesTheToolkits) {
+TEST(DialogFilter, BecomesTheToolkits) {
     EXPECT_EQ(toolkitFilter("A (*.a)|*.a|B (*.b, *.c)|*.b;*.c"), "A (*.a);;B (*.b *.c);;All files (*)");
     EXPECT_EQ(toolkitFilter(""), "All files (*)");
 }
@@ -149,30 +140,25 @@ TEST_F(DialogsTest, OpenTakesANameThatDoesNotExist) {
 
 TEST_F(DialogsTest, ASaveGetsItsEndingAndAFolderThatIsThere) {
     scratch.put("Docs/old.txt", "x");
-    const struct {
-        const char *typed, *filter, *chosen;
-    } cases[] = {
-        {"new", "Config (*.ghc)", "new.ghc"},         {"v1.2", "Config (*.ghc)", "v1.2.ghc"},
-        {"NEW.GHC", "Config (*.ghc)", "NEW.GHC"},     {"new", "All files (*)", "new"},
-        {"old.txt", "Config (*.ghc)", "old.txt"},  // the file in use
-        {"other.txt", "Config (*.ghc)", "other.txt.ghc"},
-    };
     const FileDialog dialog{.title = "Save Config",
                             .filter = "Config (*.ghc)|*.ghc",
                             .startFolder = scratch.path("docs\\"),
                             .fileName = scratch.path("docs\\old.txt")};
-    for (const auto& c : cases) {
-        whenShown<QFileDialog>([&](QFileDialog& box) {
-            box.selectNameFilter(c.filter);
+    constexpr const char* kOwn = "Config (*.ghc)";
+    for (const auto& [typed, filter, chosen] :
+         {std::tuple("new", kOwn, "new.ghc"), {"v1.2", kOwn, "v1.2.ghc"}, {"NEW.GHC", kOwn, "NEW.GHC"},
+          {"new", "All files (*)", "new"}, {"old.txt", kOwn, "old.txt"}, {"new.txt", kOwn, "new.txt.ghc"}}) {
+        whenShown<QFileDialog>([&, typed = typed, filter = filter](QFileDialog& box) {
+            box.selectNameFilter(filter);
             whenShown<QMessageBox>([](QMessageBox& refusal) {
                 EXPECT_TRUE(refusal.text().contains("nowhere"));
                 press(refusal, Qt::Key_Return);
             });
-            type(box, QString("nowhere/") + c.typed);
+            type(box, QString("nowhere/") + typed);
             EXPECT_TRUE(box.isVisible());
-            type(box, c.typed);
+            type(box, typed);
         });
-        EXPECT_EQ(dialogs.saveFile(dialog), scratch.path("Docs\\" + std::string(c.chosen)));
+        EXPECT_EQ(dialogs.saveFile(dialog), scratch.path("Docs\\" + std::string(chosen)));
     }
 }
 
@@ -195,19 +181,15 @@ TEST_F(DialogsTest, NamesThatAreNoUtf8Survive) {
     scratch.put("j\xFCrgen/\xFC.ghc", "x");
     scratch.put("\xFC.ghc", "x");
     scratch.put("j\xC3\xBCrgen/x.ghc", "x");
-    const struct {
-        std::string folder, name, chosen;
-    } cases[] = {
-        {"", "\xFC.ghc", "\xFC.ghc"},
-        {"j\xC3\xBCrgen\\", "x.ghc", "j\xC3\xBCrgen\\x.ghc"},
-        {"j\xFCrgen\\", "\xFC.ghc", "\xFC.ghc"},  // such a folder can't be shown: the one above it is
-    };
-    for (const auto& c : cases) {
+    // A folder that isn't in UTF-8 can't be shown: the one above it is.
+    using Text = std::string;
+    for (const auto& [folder, name, chosen] :
+         {std::tuple<Text, Text, Text>("", "\xFC.ghc", "\xFC.ghc"), {"j\xC3\xBCrgen\\", "x.ghc", "j\xC3\xBCrgen\\x.ghc"},
+          {"j\xFCrgen\\", "\xFC.ghc", "\xFC.ghc"}}) {
         whenShown<QFileDialog>([](QFileDialog& shownDialog) {
             press(*shownDialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
         });
-        const FileDialog dialog{"", "", scratch.path(c.folder), scratch.path(c.folder + c.name)};
-        EXPECT_EQ(dialogs.openFile(dialog), scratch.path(c.chosen));
+        EXPECT_EQ(dialogs.openFile({"", "", scratch.path(folder), scratch.path(folder + name)}), scratch.path(chosen));
     }
 }
 

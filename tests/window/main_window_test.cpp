@@ -72,9 +72,8 @@ TEST_F(MainWindowTest, TheKeyboardChoosesModesAndTabs) {
     QTest::keyClick(&find("sbarlist2"), Qt::Key_End);
     QTest::keyClick(&find("sbarlist2"), Qt::Key_Space);
     EXPECT_EQ(program.rules.modes.TabKey.get(), "tweak2");
-}
-
-TEST_F(MainWindowTest, AScreenReaderChoosesATabBySelectingIt) {
+    QTest::keyClick(&window, Qt::Key_1, Qt::ControlModifier);
+    // A screen reader chooses a tab by selecting it.
     auto* interface = QAccessible::queryAccessibleInterface(&find("sbarlist1"));
     interface->child(3)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     EXPECT_EQ(program.rules.modes.TabKey.get(), "keys");
@@ -140,7 +139,7 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
         EXPECT_TRUE(form->get()) << entry;
         form->set(false);
     }
-    QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
+    program.rules.modes.sbar_GroupClick(kListen);
     auto& line = find<QLineEdit>("q3hostname");
     line.setFocus();
     QTest::keyClicks(&line, "ab");
@@ -163,9 +162,7 @@ TEST_F(MainWindowTest, ClosingAsksAndHides) {
     program.run.ConfigChanged = true;
     world.dialogs.answer("Exit Gatehouse", Answer::No);
     EXPECT_FALSE(window.close());  // the program hides it, not its own event
-    EXPECT_EQ(world.dialogs.shown.size(), 1u);
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_TRUE(world.events.ended);
+    EXPECT_FALSE(window.isVisible() || !world.events.ended);
     window.close();
     EXPECT_EQ(world.dialogs.shown.size(), 1u);
 }

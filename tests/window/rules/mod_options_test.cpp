@@ -54,15 +54,12 @@ TEST_F(ModOptionsTest, LaysOutByWhatIsDeclaredAndWhatIsShown) {
         choose(lines);
         show(one.letter);
         const ModDialogPlan& plan = options.plan();
-        SCOPED_TRACE(one.summary);
         EXPECT_EQ(plan.modkeys, one.summary);
         EXPECT_EQ(plan.modurl.caption + "|" + (plan.modemail.visible ? plan.modemail.caption : ""), one.links);
-        EXPECT_EQ(options.modShownCount(), one.shown);
-        EXPECT_EQ(plan.width, one.width);
-        EXPECT_EQ(plan.height, one.height);
+        EXPECT_TRUE(options.modShownCount() == one.shown && plan.width == one.width && plan.height == one.height)
+            << one.summary << plan.width << 'x' << plan.height;
         if (plan.fields.empty()) continue;
-        EXPECT_EQ(plan.fields.back().row, one.lastRow);
-        EXPECT_EQ(plan.fields.back().column, one.lastColumn);
+        EXPECT_TRUE(plan.fields.back().row == one.lastRow && plan.fields.back().column == one.lastColumn) << one.summary;
     }
 }
 
