@@ -9,10 +9,12 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTime>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -102,6 +104,7 @@ TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
     program.log.logEvent("<b>plain</b>");
     EXPECT_TRUE(console.toPlainText().endsWith(": <b>plain</b>"));
     EXPECT_EQ(find<QLabel>("q3status1").text().right(12), "<b>plain</b>");
+    EXPECT_TRUE(QTime::fromString(find<QLabel>("q3status2").text(), "HH:mm").isValid());
     entry.trigger();
     EXPECT_FALSE(console.isVisible() || entry.isChecked());
     EXPECT_EQ(window.size(), before);
@@ -129,6 +132,11 @@ TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscape) {
 }
 
 TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
+    QStringList entries;
+    for (const QMenu* menu : window.menuBar()->findChildren<QMenu*>())
+        for (const QAction* entry : menu->actions()) entries += entry->objectName();
+    EXPECT_EQ(entries.join(' ').simplified(), "mfileopen mfilesave mfilerun mfileexit meditundo meditredo mtoolsconsole "
+                                              "mtoolsreset mtoolsoptions mhelpabout");
     world.dialogs.choose(std::nullopt);
     find<QAction>("mfilesave").trigger();
     EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);
@@ -159,7 +167,11 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
 }
 
 TEST_F(MainWindowTest, ClosingAsksAndHides) {
-    program.run.ConfigChanged = true;
+    program.rules.modes.sbar_GroupClick(kListen);
+    auto& hunk = find("q3hunksize");
+    hunk.setFocus();
+    QTest::keyClicks(&hunk, "9");  // taken with the window's end, so there is something to ask about
+    program.run.ConfigChanged = false;
     world.dialogs.answer("Exit Gatehouse", Answer::No);
     EXPECT_FALSE(window.close());  // the program hides it, not its own event
     EXPECT_FALSE(window.isVisible() || !world.events.ended);
