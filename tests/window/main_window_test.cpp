@@ -4,9 +4,11 @@
 #include "window/widgets/side_bar.h"
 #include "window/widgets/twips.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -16,6 +18,7 @@
 #include <QTest>
 #include <QTime>
 #include <QToolButton>
+#include <QTreeView>
 #include <gtest/gtest.h>
 
 namespace gatehouse {
@@ -25,7 +28,9 @@ namespace {
 class MainWindowTest : public testing::Test {
 protected:
     MainWindowTest() {
+        program.servers.commands.SortColumn = 4;
         program.StartupDriver();
+        EXPECT_EQ(program.servers.commands.SortColumn, kPingColumn);
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
@@ -89,9 +94,14 @@ TEST_F(MainWindowTest, MenuAndToolBarFollowTheRunFlag) {
     EXPECT_TRUE(find<QToolButton>("Run").isEnabled());
     QTest::keyClick(&window, Qt::Key_R, Qt::ControlModifier);
     EXPECT_EQ(world.processes.started.size(), 1u);
-    world.dialogs.choose(std::nullopt);
+    for (int i = 0; i < 3; ++i) world.dialogs.choose(std::nullopt);
     QTest::mouseClick(&find<QToolButton>("Open"), Qt::LeftButton);
-    EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);
+    for (const char* ofTheServers : {"Open", "Save"}) find<QAction>(ofTheServers).trigger();
+    ASSERT_EQ(world.dialogs.fileDialogs.size(), 3u);
+    EXPECT_EQ(world.dialogs.fileDialogs[1].title + world.dialogs.fileDialogs[1].mustExist, "Open Server Listtxt");
+    EXPECT_EQ(world.dialogs.fileDialogs[2].title, "Save Server List");
+    Q_EMIT find<QTreeView>("iplist").header()->sectionClicked(3);
+    EXPECT_EQ(program.servers.commands.SortColumn, 3);
 }
 
 TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
@@ -121,14 +131,25 @@ TEST_F(MainWindowTest, WhatAPersonAddedToTheWindowStays) {
     EXPECT_LE(window.width(), window.screen()->availableSize().width());
 }
 
-TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscape) {
-    for (Form* form : program.forms()) {
-        SCOPED_TRACE(form->name);
-        form->set(true);
-        ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }, 1000));
-        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
-        EXPECT_FALSE(form->get() || QApplication::activeModalWidget());
-    }
+TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscapeAndByItsButtons) {
+    program.servers.addressForm.ip1.setText("127.0.0.1");
+    program.servers.addressForm.port.setText("27960");
+    int left = 0;
+    for (Form* form : program.forms())
+        for (const char* way : {"", "q3aboutOK", "newipOK", "newipCancel", "newbotcancel", "kw", "q3resetcancel",
+                                "optionsOK", "plistclose", "modclose"}) {
+            SCOPED_TRACE(std::string(form->name) + way);
+            form->set(true);
+            ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }, 1000));
+            auto* button = QApplication::activeModalWidget()->findChild<QAbstractButton*>(way);
+            if (*way && button)
+                button->click();
+            else
+                QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+            EXPECT_FALSE(form->get() || QApplication::activeModalWidget());
+            left += *way && button;
+        }
+    EXPECT_EQ(left, 9);
 }
 
 TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
@@ -174,7 +195,7 @@ TEST_F(MainWindowTest, ClosingAsksAndHides) {
     program.run.ConfigChanged = false;
     world.dialogs.answer("Exit Gatehouse", Answer::No);
     EXPECT_FALSE(window.close());  // the program hides it, not its own event
-    EXPECT_FALSE(window.isVisible() || !world.events.ended);
+    EXPECT_TRUE(!window.isVisible() && world.events.ended && world.dialogs.shown.back().noLoses);
     window.close();
     EXPECT_EQ(world.dialogs.shown.size(), 1u);
 }
