@@ -62,6 +62,10 @@ struct FieldSpec {
     std::string_view hint = {};
     /// False for the few fields whose change leaves the document's changed flag alone.
     bool marksDocument = true;
+    /// What is typed is taken when the field is left, not letter by letter: on the way it would be refused.
+    bool takenWhenLeft = false;
+    /// Holds a path or a command line, which the system knows in UTF-8.
+    bool isPath = false;
 };
 
 /// Bounds of a slider, or of the spin buttons beside a text.

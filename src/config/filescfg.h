@@ -86,8 +86,11 @@ private:
     void parseSrvr(std::string key, const std::string& value);
     void parseBots(const std::string& key, const std::string& value);
     void parseMods(std::string key, const std::string& value);
+    void chooseFirstMod();
     void chooseMod(const std::string& name);
     void labelModKey(std::string_view command, const std::string& button);
+    /// Leaves a mod's row without a key.
+    void takeModKey(int row);
     /// The row of that upper-cased key, or nothing.
     static const DocumentRow* findRow(const std::vector<DocumentRow>& rows, const std::string& key);
 

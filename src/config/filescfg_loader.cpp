@@ -49,8 +49,7 @@ bool ConfigDocuments::loadConfig(const std::string& path) {
     log.logEvent("Trying to load " + path);
     doc.q3botlist.clear();
     doc.maplist.clear();
-    // No event and no new game types if row 0 stands already: a field tells of real changes only.
-    if (!doc.modcombo.choices().empty()) doc.modcombo.setIndex(0);
+    chooseFirstMod();
 
     std::unique_ptr<TextReader> file;
     try {
@@ -168,6 +167,14 @@ void ConfigDocuments::parseMods(std::string key, const std::string& value) {
     if (kind == "VAR=") return parts_.host.setModVariable(rest, value);
 }
 
+void ConfigDocuments::chooseFirstMod() {
+    ListField& modcombo = parts_.doc.modcombo;
+    if (modcombo.choices().empty()) return;
+    // It counts as chosen anew where it stands already: the game type of the document before must not stay.
+    if (modcombo.index() == 0) return modcombo.changed.emit();
+    modcombo.setIndex(0);
+}
+
 void ConfigDocuments::chooseMod(const std::string& name) {
     ListField& modcombo = parts_.doc.modcombo;
     const auto& choices = modcombo.choices();
@@ -183,9 +190,24 @@ void ConfigDocuments::labelModKey(std::string_view command, const std::string& b
     BindingTable& bindlist = parts_.doc.bindlist;
     for (int i = 1; i <= bindlist.count(); ++i) {
         if (!equalNoCase(bindlist.at(i).key, command)) continue;
+        if (button.empty()) {
+            takeModKey(i);
+            continue;
+        }
         const KeyButton& chosen = keyButton(button);
         bindlist.update(i, [&chosen](KeyBinding& binding) { binding.label = chosen.gameKey; });
     }
+}
+
+void ConfigDocuments::takeModKey(int row) {
+    BindingTable& bindlist = parts_.doc.bindlist;
+    // A game action of the same command has a line of its own.
+    if (bindlist.at(row).kind != BindingKind::Mod) return;
+    parts_.log.logEvent("MODS: No key for " + quoted(bindlist.at(row).text), true);
+    bindlist.update(row, [](KeyBinding& binding) {
+        binding.label = kUnbound;
+        binding.tag.clear();
+    });
 }
 
 }  // namespace gatehouse

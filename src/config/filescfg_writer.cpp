@@ -70,8 +70,9 @@ std::vector<ConfigDocuments::Section> ConfigDocuments::compose(BadLines badLines
         const KeyBinding& binding = doc.bindlist.at(i);
         if (binding.kind != BindingKind::Mod) continue;
         lines.tryAdd([&] {
-            // A document has the line of a key without a button, though no reader takes it. A rescue must be readable.
-            if (badLines == BadLines::LeaveOut) static_cast<void>(keyButton(binding.tag));
+            // A document has the line of a button that there isn't, though no reader takes it. A rescue must be
+            // readable.
+            if (badLines == BadLines::LeaveOut && !binding.tag.empty()) static_cast<void>(keyButton(binding.tag));
             return documentLine("mods", "key=" + binding.key, binding.tag);
         });
     }

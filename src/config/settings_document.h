@@ -91,7 +91,8 @@ struct SettingsDocument {
         network,
         {"q3clientsync", "Sync Clients:", "Only tick this if you are trying to record demos. Otherwise leave it off."}};
     FieldSection memory{server, "Memory", Column::Right};
-    TextField q3hunksize{memory, {"q3hunksize", "Hunk Size:"}, "56", Range{64, 256, 16}};
+    TextField q3hunksize{
+        memory, {.name = "q3hunksize", .caption = "Hunk Size:", .takenWhenLeft = true}, "56", Range{64, 256, 16}};
 
     FieldGroup bots{"bots"};
     FieldSection joins{bots, "Who Joins", Column::Left};

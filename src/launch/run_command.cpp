@@ -151,7 +151,7 @@ void RunCommand::fail(const std::string& reason) {
     with_.run.RunFailure = reason;
     with_.log.logEvent(reason, true);
     with_.dialogs.show({.title = "Error",
-                        .text = "An error occurred when trying to run the game. Check the error log.",
+                        .text = "An error occurred when trying to run the game. Check the error log.\r\n\r\n" + reason,
                         .icon = Icon::Stop,
                         .safeAnswer = Answer::Ok});
 }

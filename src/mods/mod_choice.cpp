@@ -76,7 +76,7 @@ void ModChoice::addKeyRows(const ModEntry& mod) {
         doc_.bindlist.append({.text = mod.name + " (" + key.key + ")",
                               .key = key.cmd,
                               .label = std::string(kUnbound),
-                              .tag = std::string(kNoKey),
+                              .tag = {},
                               .kind = BindingKind::Mod});
 }
 

@@ -17,6 +17,8 @@ struct MessageBox {
     Icon icon = Icon::None;
     /// What is answered where nobody can: No or Cancel, for most questions.
     Answer safeAnswer = Answer::No;
+    /// A No that loses something must be meant: neither Escape nor the close button of a Yes/No box stands for it.
+    bool noLoses = false;
 };
 
 /// A file dialog. The filter has the form "Caption (*.a)|*.a|Other (*.b, *.c)|*.b;*.c".
@@ -25,6 +27,8 @@ struct FileDialog {
     std::string filter;
     std::string startFolder;
     std::string fileName;
+    /// A name to open that ends like this, in any case, is refused unless there is such a file to read.
+    std::string mustExist = {};
 };
 
 class Dialogs {
@@ -36,8 +40,11 @@ public:
     virtual Answer show(const MessageBox& box) = 0;
     /// The chosen path, or nothing on cancel. Accepts a name that does not exist.
     virtual std::optional<std::string> openFile(const FileDialog& dialog) = 0;
-    /// The chosen path, or nothing on cancel. Asks nothing about overwriting.
+    /// The chosen path, or nothing on cancel. Its folder exists, and its name has an ending of the chosen filter. Asks
+    /// nothing about overwriting.
     virtual std::optional<std::string> saveFile(const FileDialog& dialog) = 0;
+    /// The chosen folder with a backslash behind it, or nothing on cancel.
+    virtual std::optional<std::string> chooseFolder(const std::string& title, const std::string& startFolder) = 0;
 };
 
 }  // namespace gatehouse

@@ -143,7 +143,9 @@ FileDialog ServerCommands::listDialog(std::string_view title, std::string_view f
 void ServerCommands::Open() {
     do {
         parts_.log.logEvent("opening new server list");
-        const auto chosen = parts_.dialogs.openFile(listDialog(kOpenTitle, kOpenFilter, "default.ghs"));
+        FileDialog dialog = listDialog(kOpenTitle, kOpenFilter, "default.ghs");
+        dialog.mustExist = kImportEnding;
+        const auto chosen = parts_.dialogs.openFile(dialog);
         if (!chosen) return;
         std::string name = bareName(*chosen);
         if (endsWithNoCase(name, kImportEnding)) return offerImport(*chosen);

@@ -86,6 +86,7 @@ void Gatehouse::mtoolsconsole_Click() {
 }
 
 void Gatehouse::q3_Activate() {
+    servers.commands.SortColumn = kPingColumn;
     if (config.doc.q3botlist.empty()) flags.q3botdel.set(false);
     if (!config.doc.maplist.empty()) config.doc.maplist.setCurrent(1);
 }
@@ -110,9 +111,11 @@ void Gatehouse::q3_Unload() {
     content.maps.saveUserMaps();
     startup.store.setOption("showconsole", booleanText(run.ShowConsole.get()));
     const auto ask = [this](const std::string& question) {
-        return services_.dialogs.show(
-                   {.title = "Exit Gatehouse", .text = question, .buttons = Buttons::YesNo, .icon = Icon::Question}) ==
-               Answer::Yes;
+        return services_.dialogs.show({.title = "Exit Gatehouse",
+                                       .text = question,
+                                       .buttons = Buttons::YesNo,
+                                       .icon = Icon::Question,
+                                       .noLoses = true}) == Answer::Yes;
     };
     if (run.ServerListChanged) {
         log.logEvent("Server list has changed", true);

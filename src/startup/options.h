@@ -13,11 +13,12 @@ namespace gatehouse {
 /// The fields that hold options: those of the options dialog and three of the Benchmark tab.
 struct OptionsForm {
     FieldGroup options{"options"};
-    TextField ghcdir{options, {.name = "ghcdir", .caption = "Default GHC Folder:", .hint = kFolderHint}};
+    TextField ghcdir{options, {.name = "ghcdir", .caption = "Default GHC Folder:", .hint = kFolderHint, .isPath = true}};
     TextField extracmdline{options,
                            {.name = "extracmdline",
                             .caption = "Extra Command Line:",
-                            .hint = "Put behind quake3.exe as it stands. The game believes everything you tell it."}};
+                            .hint = "Put behind quake3.exe as it stands. The game believes everything you tell it.",
+                            .isPath = true}};
     ListField q3startwith{options,
                           {.name = "q3startwith", .caption = "When Gatehouse Starts,"},
                           {"Load last file saved.", "Load DEFAULT.GHC.", "Choose a file."}};
@@ -27,7 +28,8 @@ struct OptionsForm {
     ListField q3runoptions{options,
                            {.name = "q3runoptions", .caption = "When I Click 'Run',"},
                            {"Make CFG, launch Q3A.", "Make CFG, then ask.", "Make CFG files only."}};
-    TextField q3FilePath{options, {.name = "q3FilePath", .caption = "Q3 Program Path:", .hint = kFolderHint}};
+    TextField q3FilePath{
+        options, {.name = "q3FilePath", .caption = "Q3 Program Path:", .hint = kFolderHint, .isPath = true}};
     TextField q3pingwait{options, {.name = "q3pingwait", .caption = "Ping server timeout:"}, "3", Range{1, 10, 1}};
     ListField q3loglevel{options,
                          {.name = "q3loglevel", .caption = "Error logging level:"},

@@ -89,12 +89,12 @@ void MainWindow::makeActions() {
     mfileopen_ = makeAction("mfileopen", tr("&Open..."), {QKeySequence(Qt::CTRL | Qt::Key_O)});
     mfileopen_->setIcon(icon("open"));
     mfileopen_->setToolTip(tr("Open a settings document (Ctrl+O)"));
-    connect(mfileopen_, &QAction::triggered, this, [this] { program_.mfileopen_Click(); });
+    bindCommand(*mfileopen_, [this] { program_.mfileopen_Click(); });
 
     mfilesave_ = makeAction("mfilesave", tr("&Save..."), {QKeySequence(Qt::CTRL | Qt::Key_S)});
     mfilesave_->setIcon(icon("save"));
     mfilesave_->setToolTip(tr("Save the settings (Ctrl+S)"));
-    connect(mfilesave_, &QAction::triggered, this, [this] { program_.mfilesave_Click(); });
+    bindCommand(*mfilesave_, [this] { program_.mfilesave_Click(); });
 
     mfilerun_ = makeAction("mfilerun", tr("&Run"), {QKeySequence(Qt::CTRL | Qt::Key_R), QKeySequence(Qt::Key_F5)});
     mfilerun_->setIcon(icon("run"));
@@ -103,7 +103,7 @@ void MainWindow::makeActions() {
 
     mfileexit_ = makeAction("mfileexit", tr("E&xit"), {QKeySequence(Qt::CTRL | Qt::Key_Q)});
     mfileexit_->setMenuRole(QAction::QuitRole);
-    connect(mfileexit_, &QAction::triggered, this, [this] { program_.mfileexit_Click(); });
+    bindCommand(*mfileexit_, [this] { program_.mfileexit_Click(); });
 
     EditHistory& history = program_.config.history;
     meditundo_ = makeAction("meditundo", {}, {QKeySequence(Qt::CTRL | Qt::Key_Z)});
@@ -123,18 +123,18 @@ void MainWindow::makeActions() {
     mtoolsreset_ = makeAction("mtoolsreset", tr("&Reset Tabs..."), {});
     mtoolsreset_->setIcon(icon("reset"));
     mtoolsreset_->setToolTip(tr("Put the settings of this tab, or of all tabs, back to what they were at first"));
-    connect(mtoolsreset_, &QAction::triggered, this, [this] { program_.mtoolsreset_Click(); });
+    bindCommand(*mtoolsreset_, [this] { program_.mtoolsreset_Click(); });
 
     mtoolsoptions_ = makeAction("mtoolsoptions", tr("&Options..."), {});
     mtoolsoptions_->setIcon(icon("options"));
     mtoolsoptions_->setMenuRole(QAction::PreferencesRole);
     mtoolsoptions_->setToolTip(tr("Options of the program itself"));
-    connect(mtoolsoptions_, &QAction::triggered, this, [this] { program_.mtoolsoptions_Click(); });
+    bindCommand(*mtoolsoptions_, [this] { program_.mtoolsoptions_Click(); });
 
     mhelpabout_ = makeAction("mhelpabout", tr("&About..."), {});
     mhelpabout_->setIcon(icon("about"));
     mhelpabout_->setMenuRole(QAction::AboutRole);
-    connect(mhelpabout_, &QAction::triggered, this, [this] { program_.mhelpabout_Click(); });
+    bindCommand(*mhelpabout_, [this] { program_.mhelpabout_Click(); });
 }
 
 void MainWindow::makeMenus() {
@@ -293,6 +293,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (!program_.startup.q3.visible.get()) return;  // it has unloaded already
     // The program hides the window when it has unloaded; a window never goes inside its own event.
     event->ignore();
+    leaveTypedText();
     program_.q3_Unload();
 }
 

@@ -150,7 +150,7 @@ TEST(Loader, LinesThatCantBeTakenNameFileNumberAndLine) {
     const std::string longLine = "seta cl_run \"" + std::string(1000000, 'x') + "\"";
     const std::string lines[] = {"seta", "seta sv_hostname", " ?", "seta cl_run \"yes\"", "seta cl_run \"\"",
                                  "seta ui_ffa_fraglimit \"40000\"", "srvr cheats \"no\"", "base cfgtype \"32767\"",
-                                 "mods key=+forward \"\"", "mods key=+forward \"kzz\"", longLine};
+                                 "mods key=+forward \"kzz\"", longLine};
     for (const std::string& line : lines) {
         DocumentDesk desk;
         try {
@@ -172,7 +172,7 @@ TEST(Loader, AfterTheDefaultDocument) {
     DocumentDesk desk;
     desk.documents.writeDefaultConfig();
     // Whatever stood there before.
-    desk.load({"mods currmod \"Other Mod\"", "seta g_gametype \"4\"", "seta g_dowarmup \"1\"",
+    desk.load({"seta g_gametype \"4\"", "seta g_dowarmup \"1\"",
                "seta ui_ctf_capturelimit \"9\"", "seta sv_privatepassword \"secret\"", "bots Sarge \"3Red\"",
                "seta sv_allowdownload \"0\"", "seta sv_pure \"0\"", "base cfgtype \"2\""});
     ASSERT_TRUE(desk.documents.loadConfig("C:\\gh\\default.ghc"));
@@ -243,7 +243,15 @@ TEST(Loader, AModsKeyAndVariables) {
     // The label becomes the game's name of the key; the row isn't bound by it.
     EXPECT_EQ(desk.doc.bindlist.at(40).label, "SPACE");
     EXPECT_EQ(desk.doc.bindlist.at(40).tag, "");
-    EXPECT_NE(desk.save().find("mods key=+Hook \"\"\r\n"), std::string::npos);
+    const std::string saved = desk.save();
+    EXPECT_NE(saved.find("mods key=+Hook \"\"\r\n"), std::string::npos);
+    EXPECT_EQ(saved.find("Mod (Hook)"), std::string::npos);
+    // What was saved without a key comes back without one, whatever key the row and the game's action had.
+    desk.load({"bind K|K \"Mod (Hook)|kk\"", "bind W|W \"Move Forward|kw\"", "mods key=+hook \"\"",
+               "mods key=+forward \"\""});
+    EXPECT_EQ(desk.doc.bindlist.at(40).label + desk.doc.bindlist.at(40).tag, "Unbound");
+    EXPECT_EQ(desk.doc.bindlist.at(1).tag, "kw");
+    EXPECT_TRUE(desk.world.log.has("!MODS: No key for \"Mod (Hook)\""));
 }
 
 }  // namespace

@@ -131,6 +131,7 @@ use_case dedicated
 mkdir "$game/baseq3/gatehouse.cfg"
 run_gatehouse "$(document_argument)"
 expect_failed_run
+expect_printed "$(program_path "$game/baseq3/gatehouse.cfg")" # the box names what it was
 expect_logged "->Could not create $(program_path "$game/baseq3/gatehouse.cfg")"
 
 begin 'the batch file cannot be made'

@@ -68,7 +68,7 @@ TEST_F(ModChoiceTest, AChoiceBringsGameTypesWithTheirNumbersAndKeyRows) {
     EXPECT_EQ(order, (std::vector<std::string>{"choices", "choices", "changed at 1"}));
     EXPECT_EQ(bindings(), "Jump;Mod (Hook);Mod (Flag);");
     EXPECT_EQ(doc.bindlist.at(2).key, "+hook");
-    EXPECT_EQ(doc.bindlist.at(2).tag, std::string(kNoKey));
+    EXPECT_EQ(doc.bindlist.at(2).tag, "");
 }
 
 TEST_F(ModChoiceTest, TheOldModsKeyRowsGoFromTheEnd) {

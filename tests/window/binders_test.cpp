@@ -7,9 +7,11 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSlider>
 #include <QTest>
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <tuple>
 
 namespace gatehouse {
 namespace {
@@ -21,8 +23,8 @@ protected:
         bind(*make<QLineEdit>(), host);
         bind(*make<SpinText>(), limit, Typed::Number);
         bind(*make<QComboBox>(), mod);
-        bind(*make<QSlider>(), snaps);
-        bind(*make<QLabel>(), colour);
+        bind(*make<SpinText>(), hunk);
+        bind(*make<QLineEdit>(), folder);
         window.show();
     }
 
@@ -43,51 +45,62 @@ protected:
     TextField host{group, {"q3hostname", "Hostname:"}, "noname"};
     TextField limit{group, {"fraglimit", "Frag Limit:"}, "20", Range{5, 200, 5}};
     ListField mod{group, {"modcombo", "Mod:"}, {"one", "two", "three"}, 1};
-    SliderField snaps{group, {"q3snaps", "Snapshots:"}, Range{1, 30, 1, 5}, 20};
-    LabelField colour{group, {"q3fxcolor", "FX Colour:"}, "4"};
+    TextField hunk{group, {.name = "q3hunksize", .takenWhenLeft = true}, "56", Range{64, 256, 16}};
+    TextField folder{group, {.name = "ghcdir", .isPath = true}};
     QWidget window;
     QFormLayout layout{&window};
 };
 
-TEST_F(BindersTest, FieldsTakeWhatAPersonDoes) {
-    QTest::keyClick(&find<QCheckBox>("q3pure"), Qt::Key_Space);
-    find<QLineEdit>("q3hostname").clear();
-    QTest::keyClicks(&find<QLineEdit>("q3hostname"), "a b ");
-    QTest::keyClick(&find<QComboBox>("modcombo"), Qt::Key_Down);
-    QTest::keyClick(&find<QSlider>("q3snaps"), Qt::Key_PageDown);
-    EXPECT_TRUE(pure.value() == 1 && host.text() == "a b " && mod.index() == 2 && snaps.position() == 15);
-}
-
 TEST_F(BindersTest, SpinButtonsCountWithinTheRangeAndTypedValuesMayLieOutside) {
     auto& spin = find<SpinText>("fraglimit");
-    const struct {
-        const char* text;
-        Qt::Key key;
-        const char* after;
-    } cases[] = {
-        {"20", Qt::Key_Down, "15"}, {"198", Qt::Key_Up, "200"}, {"900", Qt::Key_Down, "200"},
-        {"900", Qt::Key_Up, "900"}, {"5", Qt::Key_Down, "5"},   {"", Qt::Key_Up, "5"},
-    };
-    for (const auto& one : cases) {
-        limit.setText(one.text);
-        QTest::keyClick(&spin, one.key);
-        EXPECT_EQ(limit.text(), one.after) << one.text;
+    for (const auto& [text, key, after] :
+         {std::tuple("20", Qt::Key_Down, "15"), {"198", Qt::Key_Up, "200"}, {"900", Qt::Key_Down, "200"},
+          {"900", Qt::Key_Up, "900"}, {"5", Qt::Key_Down, "5"}, {"", Qt::Key_Up, "5"}}) {
+        limit.setText(text);
+        QTest::keyClick(&spin, key);
+        EXPECT_EQ(limit.text(), after) << text;
+    }
+    // An unfinished number stays in the line, and gives way when it is left.
+    spin.selectAll();
+    for (const auto& [typed, taken] : {std::pair("-", "5"), {"3", "-3"}, {"x", "-3"}}) {
+        QTest::keyClicks(&spin, typed);
+        EXPECT_EQ(limit.text(), taken);
+    }
+    EXPECT_EQ(spin.text(), "-3x");
+    QTest::keyClick(&spin, Qt::Key_Return);
+    EXPECT_EQ(spin.text(), "-3");
+}
+
+TEST_F(BindersTest, AFieldThatIsTakenWhenLeftWaitsForTheWholeText) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto& spin = find<SpinText>("q3hunksize");
+    spin.setFocus();
+    spin.selectAll();
+    QTest::keyClicks(&spin, "12");
+    EXPECT_EQ(hunk.text(), "56");
+    QTest::keyClick(&spin, Qt::Key_Up);
+    EXPECT_EQ(hunk.text(), "64") << "the buttons count at once, on from what is typed";
+    for (const auto& [typed, leave] : {std::pair<const char*, std::function<void()>>(
+                                           "128", [&] { QTest::keyClick(&spin, Qt::Key_Return); }),
+                                       {"129", [&] { find<QLineEdit>("q3hostname").setFocus(); }},
+                                       {"130", leaveTypedText}}) {
+        spin.setFocus();
+        spin.selectAll();
+        QTest::keyClicks(&spin, typed);
+        EXPECT_NE(hunk.text(), typed);
+        leave();
+        EXPECT_EQ(hunk.text(), typed);
     }
 }
 
-TEST_F(BindersTest, AnUnfinishedNumberStaysInTheLineAndGivesWayWhenItIsLeft) {
-    auto& spin = find<SpinText>("fraglimit");
-    spin.setFocus();
-    spin.selectAll();
-    QTest::keyClicks(&spin, "-");
-    EXPECT_EQ(spin.text(), "-");
-    EXPECT_EQ(limit.text(), "20");
-    QTest::keyClicks(&spin, "3");
-    EXPECT_EQ(limit.text(), "-3");
-    QTest::keyClicks(&spin, "x");
-    EXPECT_EQ(limit.text(), "-3");
-    QTest::keyClick(&spin, Qt::Key_Return);
-    EXPECT_EQ(spin.text(), "-3");
+TEST_F(BindersTest, APathKeepsItsBytesWhereALetterIsChanged) {
+    for (const auto& [before, typed, after] :
+         {std::tuple("Jos\xC3\xA9", u"x", "Jos\xC3\xA9x"), {"", u"\u00E9", "\xC3\xA9"}, {"Jos\xE9", u"x", "Jos\xE9x"},
+          {"Jos\xE9", u"\u0416", "Jos\xC3\xA9\xD0\x96"}}) {  // the last can't be told in the bytes that were there
+        folder.setText(before);
+        find<QLineEdit>("ghcdir").insert(QString::fromUtf16(typed));
+        EXPECT_EQ(folder.text(), after);
+    }
 }
 
 TEST_F(BindersTest, ShowingAValueNeverChangesIt) {

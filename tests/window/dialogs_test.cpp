@@ -6,15 +6,18 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 
 namespace gatehouse {
 namespace {
@@ -43,7 +46,6 @@ protected:
     }
     static void type(QFileDialog& dialog, const QString& name) {
         auto* line = dialog.findChild<QLineEdit*>("fileNameEdit");
-        EXPECT_TRUE(line->hasFocus());
         line->setText(name);
         press(*line, Qt::Key_Return);
     }
@@ -59,30 +61,36 @@ TEST_F(DialogsTest, ShowsABoxAsPlainTextAndTellsTheButton) {
         Buttons buttons;
         Qt::Key key;
         Answer answer;
+        bool noLoses = false;
     } cases[] = {
-        {Buttons::Ok, Qt::Key_Escape, Answer::Ok},
-        {Buttons::YesNo, Qt::Key_Escape, Answer::No},
-        {Buttons::YesNo, Qt::Key_Return, Answer::Yes},
-        {Buttons::YesNoCancel, Qt::Key_N, Answer::No},
-        {Buttons::YesNoCancel, Qt::Key_Escape, Answer::Cancel},
+        {Buttons::Ok, Qt::Key_Escape, Answer::Ok},       {Buttons::YesNo, Qt::Key_Escape, Answer::No},
+        {Buttons::YesNo, Qt::Key_Return, Answer::Yes},   {Buttons::YesNoCancel, Qt::Key_Escape, Answer::Cancel},
+        {Buttons::YesNoCancel, Qt::Key_N, Answer::No},   {Buttons::YesNo, Qt::Key_N, Answer::No, true},
+        {Buttons::YesNo, Qt::Key_Return, Answer::Yes, true},
     };
     for (const auto& c : cases) {
         whenShown<QMessageBox>([&c](QMessageBox& box) {
             EXPECT_EQ(box.windowTitle(), "Run");
             EXPECT_EQ(box.text(), u"<b>one</b>\n“two” ü"_qs);
-            EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.icon(), QMessageBox::Question);
+            EXPECT_TRUE(box.textFormat() == Qt::PlainText && box.icon() == QMessageBox::Question);
+            if (c.noLoses) {  // it must be pressed
+                press(box, Qt::Key_Escape);
+                box.close();
+                EXPECT_TRUE(box.isVisible());
+            }
             if (c.key == Qt::Key_N)
                 box.findChild<QAbstractButton*>("no")->click();
             else
                 press(box, c.key);
         });
-        const MessageBox box{"Run", "<b>one</b>\r\n\x93two\x94 \xFC", c.buttons, Icon::Question};
-        EXPECT_EQ(dialogs.show(box), c.answer);
+        EXPECT_EQ(dialogs.show({.title = "Run",
+                                .text = "<b>one</b>\r\n\x93two\x94 \xFC",
+                                .buttons = c.buttons,
+                                .icon = Icon::Question,
+                                .noLoses = c.noLoses}),
+                  c.answer);
     }
-}
-
-TEST_F(DialogsTest, AFailureBehindABoxEndsIt) {
+    // A failure behind a box ends it.
     QtEventLoop& events = static_cast<GuardedApplication<QApplication>*>(qApp)->events();
     QTimer::singleShot(0, &receiver, [] { throw RuntimeFailure("behind"); });
     EXPECT_EQ(dialogs.show({"Run", "text", Buttons::YesNo, Icon::None, Answer::No}), Answer::No);
@@ -90,23 +98,17 @@ TEST_F(DialogsTest, AFailureBehindABoxEndsIt) {
 }
 
 TEST_F(DialogsTest, WithoutADisplayBoxesArePrintedAndAnsweredSafely) {
-    const struct {
-        Buttons buttons;
-        Answer safe, answer;
-    } cases[] = {
-        {Buttons::Ok, Answer::No, Answer::Ok},
-        {Buttons::YesNo, Answer::Yes, Answer::Yes},
-        {Buttons::YesNo, Answer::Cancel, Answer::No},
-        {Buttons::YesNoCancel, Answer::Cancel, Answer::Cancel},
-    };
-    for (const auto& c : cases) {
+    for (const auto& [buttons, safe, answer] : {std::tuple(Buttons::Ok, Answer::No, Answer::Ok),
+                                                {Buttons::YesNo, Answer::Yes, Answer::Yes},
+                                                {Buttons::YesNo, Answer::Cancel, Answer::No},
+                                                {Buttons::YesNoCancel, Answer::Cancel, Answer::Cancel}}) {
         ::testing::internal::CaptureStderr();
-        EXPECT_EQ(silent.show({"Run", "one\r\n\r\n\x1B[2Jtwo \xFC", c.buttons, Icon::None, c.safe}), c.answer);
+        EXPECT_EQ(silent.show({"Run", "one\r\n\r\n\x1B[2Jtwo \xFC", buttons, Icon::None, safe}), answer);
         EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Run: one\nRun: [2Jtwo \xC3\xBC\n");
     }
 }
 
-TEST(DialogFilterTest, BecomesTheToolkits) {
+TEST(DialogFilter, BecomesTheToolkits) {
     EXPECT_EQ(toolkitFilter("A (*.a)|*.a|B (*.b, *.c)|*.b;*.c"), "A (*.a);;B (*.b *.c);;All files (*)");
     EXPECT_EQ(toolkitFilter(""), "All files (*)");
 }
@@ -120,7 +122,8 @@ TEST_F(DialogsTest, OpenTakesANameThatDoesNotExist) {
     for (const std::string name : {"here.ghc", "new.ghc"}) {
         whenShown<QFileDialog>([&name](QFileDialog& shownDialog) {
             EXPECT_EQ(shownDialog.windowTitle(), "Load Config");
-            EXPECT_EQ(shownDialog.findChild<QLineEdit*>("fileNameEdit")->text(), "here.ghc");
+            const auto* line = shownDialog.findChild<QLineEdit*>("fileNameEdit");
+            EXPECT_TRUE(line->hasFocus() && line->text() == "here.ghc");
             type(shownDialog, QString::fromStdString(name));
         });
         EXPECT_EQ(dialogs.openFile(dialog), scratch.path("Docs\\" + name));
@@ -135,23 +138,58 @@ TEST_F(DialogsTest, OpenTakesANameThatDoesNotExist) {
     EXPECT_EQ(dialogs.saveFile(dialog), scratch.path("Docs\\here.ghc"));
 }
 
+TEST_F(DialogsTest, ASaveGetsItsEndingAndAFolderThatIsThere) {
+    scratch.put("Docs/old.txt", "x");
+    const FileDialog dialog{.title = "Save Config",
+                            .filter = "Config (*.ghc)|*.ghc",
+                            .startFolder = scratch.path("docs\\"),
+                            .fileName = scratch.path("docs\\old.txt")};
+    constexpr const char* kOwn = "Config (*.ghc)";
+    for (const auto& [typed, filter, chosen] :
+         {std::tuple("new", kOwn, "new.ghc"), {"v1.2", kOwn, "v1.2.ghc"}, {"NEW.GHC", kOwn, "NEW.GHC"},
+          {"new", "All files (*)", "new"}, {"old.txt", kOwn, "old.txt"}, {"new.txt", kOwn, "new.txt.ghc"}}) {
+        whenShown<QFileDialog>([&, typed = typed, filter = filter](QFileDialog& box) {
+            box.selectNameFilter(filter);
+            whenShown<QMessageBox>([](QMessageBox& refusal) {
+                EXPECT_TRUE(refusal.text().contains("nowhere"));
+                press(refusal, Qt::Key_Return);
+            });
+            type(box, QString("nowhere/") + typed);
+            EXPECT_TRUE(box.isVisible());
+            type(box, typed);
+        });
+        EXPECT_EQ(dialogs.saveFile(dialog), scratch.path("Docs\\" + std::string(chosen)));
+    }
+}
+
+TEST_F(DialogsTest, AnImportMustBeThereAndAFolderComesWithItsBackslash) {
+    scratch.put("Docs/list.txt", "x");
+    const FileDialog dialog{"Open", "", scratch.path("docs\\"), "", "txt"};
+    whenShown<QFileDialog>([&](QFileDialog& box) {
+        whenShown<QMessageBox>([](QMessageBox& refusal) { press(refusal, Qt::Key_Return); });
+        type(box, "none.TXT");
+        EXPECT_TRUE(box.isVisible());
+        type(box, "list.txt");
+    });
+    EXPECT_EQ(dialogs.openFile(dialog), scratch.path("Docs\\list.txt"));
+    whenShown<QFileDialog>([](QFileDialog& box) { box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click(); });
+    EXPECT_EQ(dialogs.chooseFolder("Folder", scratch.path("docs")), scratch.path("Docs\\"));
+    EXPECT_EQ(silent.chooseFolder("Folder", ""), std::nullopt);
+}
+
 TEST_F(DialogsTest, NamesThatAreNoUtf8Survive) {
     scratch.put("j\xFCrgen/\xFC.ghc", "x");
     scratch.put("\xFC.ghc", "x");
     scratch.put("j\xC3\xBCrgen/x.ghc", "x");
-    const struct {
-        std::string folder, name, chosen;
-    } cases[] = {
-        {"", "\xFC.ghc", "\xFC.ghc"},
-        {"j\xC3\xBCrgen\\", "x.ghc", "j\xC3\xBCrgen\\x.ghc"},
-        {"j\xFCrgen\\", "\xFC.ghc", "\xFC.ghc"},  // such a folder can't be shown: the one above it is
-    };
-    for (const auto& c : cases) {
+    // A folder that isn't in UTF-8 can't be shown: the one above it is.
+    using Text = std::string;
+    for (const auto& [folder, name, chosen] :
+         {std::tuple<Text, Text, Text>("", "\xFC.ghc", "\xFC.ghc"), {"j\xC3\xBCrgen\\", "x.ghc", "j\xC3\xBCrgen\\x.ghc"},
+          {"j\xFCrgen\\", "\xFC.ghc", "\xFC.ghc"}}) {
         whenShown<QFileDialog>([](QFileDialog& shownDialog) {
             press(*shownDialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
         });
-        const FileDialog dialog{"", "", scratch.path(c.folder), scratch.path(c.folder + c.name)};
-        EXPECT_EQ(dialogs.openFile(dialog), scratch.path(c.chosen));
+        EXPECT_EQ(dialogs.openFile({"", "", scratch.path(folder), scratch.path(folder + name)}), scratch.path(chosen));
     }
 }
 

@@ -30,15 +30,12 @@ protected:
     QObject receiver;
 };
 
-TEST_F(GuardedApplicationTest, KeepsWhatATimerThrows) {
+TEST_F(GuardedApplicationTest, KeepsWhatATimerAndAnEventHandlerThrow) {
     QTimer::singleShot(0, &receiver, [] { throw RuntimeFailure("timer"); });
     EXPECT_EQ(failureOfWait(), "timer");
     QTimer::singleShot(0, &receiver, [] { throw 42; });
     EXPECT_THROW(events.waitUntil([] { return false; }, 0), int);
     EXPECT_NO_THROW(events.yield());
-}
-
-TEST_F(GuardedApplicationTest, KeepsWhatAnEventHandlerThrows) {
     struct Thrower : QObject {
         bool event(QEvent* event) override {
             if (event->type() == QEvent::User) throw RuntimeFailure("event");

@@ -4,16 +4,21 @@
 #include "window/widgets/side_bar.h"
 #include "window/widgets/twips.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTime>
 #include <QToolButton>
+#include <QTreeView>
 #include <gtest/gtest.h>
 
 namespace gatehouse {
@@ -23,7 +28,9 @@ namespace {
 class MainWindowTest : public testing::Test {
 protected:
     MainWindowTest() {
+        program.servers.commands.SortColumn = 4;
         program.StartupDriver();
+        EXPECT_EQ(program.servers.commands.SortColumn, kPingColumn);
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
@@ -72,9 +79,8 @@ TEST_F(MainWindowTest, TheKeyboardChoosesModesAndTabs) {
     QTest::keyClick(&find("sbarlist2"), Qt::Key_End);
     QTest::keyClick(&find("sbarlist2"), Qt::Key_Space);
     EXPECT_EQ(program.rules.modes.TabKey.get(), "tweak2");
-}
-
-TEST_F(MainWindowTest, AScreenReaderChoosesATabBySelectingIt) {
+    QTest::keyClick(&window, Qt::Key_1, Qt::ControlModifier);
+    // A screen reader chooses a tab by selecting it.
     auto* interface = QAccessible::queryAccessibleInterface(&find("sbarlist1"));
     interface->child(3)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     EXPECT_EQ(program.rules.modes.TabKey.get(), "keys");
@@ -88,9 +94,14 @@ TEST_F(MainWindowTest, MenuAndToolBarFollowTheRunFlag) {
     EXPECT_TRUE(find<QToolButton>("Run").isEnabled());
     QTest::keyClick(&window, Qt::Key_R, Qt::ControlModifier);
     EXPECT_EQ(world.processes.started.size(), 1u);
-    world.dialogs.choose(std::nullopt);
+    for (int i = 0; i < 3; ++i) world.dialogs.choose(std::nullopt);
     QTest::mouseClick(&find<QToolButton>("Open"), Qt::LeftButton);
-    EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);
+    for (const char* ofTheServers : {"Open", "Save"}) find<QAction>(ofTheServers).trigger();
+    ASSERT_EQ(world.dialogs.fileDialogs.size(), 3u);
+    EXPECT_EQ(world.dialogs.fileDialogs[1].title + world.dialogs.fileDialogs[1].mustExist, "Open Server Listtxt");
+    EXPECT_EQ(world.dialogs.fileDialogs[2].title, "Save Server List");
+    Q_EMIT find<QTreeView>("iplist").header()->sectionClicked(3);
+    EXPECT_EQ(program.servers.commands.SortColumn, 3);
 }
 
 TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
@@ -103,6 +114,7 @@ TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
     program.log.logEvent("<b>plain</b>");
     EXPECT_TRUE(console.toPlainText().endsWith(": <b>plain</b>"));
     EXPECT_EQ(find<QLabel>("q3status1").text().right(12), "<b>plain</b>");
+    EXPECT_TRUE(QTime::fromString(find<QLabel>("q3status2").text(), "HH:mm").isValid());
     entry.trigger();
     EXPECT_FALSE(console.isVisible() || entry.isChecked());
     EXPECT_EQ(window.size(), before);
@@ -119,17 +131,33 @@ TEST_F(MainWindowTest, WhatAPersonAddedToTheWindowStays) {
     EXPECT_LE(window.width(), window.screen()->availableSize().width());
 }
 
-TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscape) {
-    for (Form* form : program.forms()) {
-        SCOPED_TRACE(form->name);
-        form->set(true);
-        ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }, 1000));
-        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
-        EXPECT_FALSE(form->get() || QApplication::activeModalWidget());
-    }
+TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscapeAndByItsButtons) {
+    program.servers.addressForm.ip1.setText("127.0.0.1");
+    program.servers.addressForm.port.setText("27960");
+    int left = 0;
+    for (Form* form : program.forms())
+        for (const char* way : {"", "q3aboutOK", "newipOK", "newipCancel", "newbotcancel", "kw", "q3resetcancel",
+                                "optionsOK", "plistclose", "modclose"}) {
+            SCOPED_TRACE(std::string(form->name) + way);
+            form->set(true);
+            ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }, 1000));
+            auto* button = QApplication::activeModalWidget()->findChild<QAbstractButton*>(way);
+            if (*way && button)
+                button->click();
+            else
+                QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+            EXPECT_FALSE(form->get() || QApplication::activeModalWidget());
+            left += *way && button;
+        }
+    EXPECT_EQ(left, 9);
 }
 
 TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
+    QStringList entries;
+    for (const QMenu* menu : window.menuBar()->findChildren<QMenu*>())
+        for (const QAction* entry : menu->actions()) entries += entry->objectName();
+    EXPECT_EQ(entries.join(' ').simplified(), "mfileopen mfilesave mfilerun mfileexit meditundo meditredo mtoolsconsole "
+                                              "mtoolsreset mtoolsoptions mhelpabout");
     world.dialogs.choose(std::nullopt);
     find<QAction>("mfilesave").trigger();
     EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);
@@ -140,7 +168,7 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
         EXPECT_TRUE(form->get()) << entry;
         form->set(false);
     }
-    QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
+    program.rules.modes.sbar_GroupClick(kListen);
     auto& line = find<QLineEdit>("q3hostname");
     line.setFocus();
     QTest::keyClicks(&line, "ab");
@@ -148,18 +176,26 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
     EXPECT_EQ(line.text() + find<QAction>("meditredo").text(), "noname&Redo Hostname");
     find<QAction>("meditredo").trigger();
     EXPECT_EQ(program.config.doc.q3hostname.text(), "nonameab");
+    auto& hunk = find("q3hunksize");
+    hunk.setFocus();
+    QTest::keyClick(&hunk, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&hunk, "128");
+    QTest::keyClick(&window, Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(program.config.doc.q3hunksize.text(), "128") << "a command works on what was typed";
     program.run.ConfigChanged = false;
     find<QAction>("mfileexit").trigger();
     EXPECT_TRUE(world.events.ended);
 }
 
 TEST_F(MainWindowTest, ClosingAsksAndHides) {
-    program.run.ConfigChanged = true;
+    program.rules.modes.sbar_GroupClick(kListen);
+    auto& hunk = find("q3hunksize");
+    hunk.setFocus();
+    QTest::keyClicks(&hunk, "9");  // taken with the window's end, so there is something to ask about
+    program.run.ConfigChanged = false;
     world.dialogs.answer("Exit Gatehouse", Answer::No);
     EXPECT_FALSE(window.close());  // the program hides it, not its own event
-    EXPECT_EQ(world.dialogs.shown.size(), 1u);
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_TRUE(world.events.ended);
+    EXPECT_TRUE(!window.isVisible() && world.events.ended && world.dialogs.shown.back().noLoses);
     window.close();
     EXPECT_EQ(world.dialogs.shown.size(), 1u);
 }

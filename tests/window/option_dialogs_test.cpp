@@ -22,6 +22,7 @@ protected:
     }
     void openOptions() {
         world.files.addFolder("C:\\gh");
+        world.settings.values["ghcdir"] = "C:\\gh\\";
         program.startup.options.ghcdir.setText("C:\\gh\\");
         program.mtoolsoptions_Click();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&options));
@@ -45,35 +46,44 @@ TEST_F(OptionDialogsTest, EveryOptionIsReachedByTabAndHasAName) {
         QWidget& widget = find(options, field->name().c_str());
         EXPECT_FALSE(QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name).isEmpty()) << field->name();
     }
-    for (const char* button : {"q3GetFile", "editscripts", "viewerr", "q3resetdefaults", "unregister", "optionsOK"})
+    for (const char* button : {"q3GetFile", "ghcdirBrowse", "editscripts", "viewerr", "q3resetdefaults", "unregister", "optionsOK"})
         EXPECT_TRUE(reached.contains(button)) << button;
 }
 
-TEST_F(OptionDialogsTest, EscapeStoresTheFolderAndAWrongOneKeepsTheDialogOpen) {
+TEST_F(OptionDialogsTest, AWrongFolderKeepsTheDialogOpenAndEscapeGivesItUp) {
     openOptions();
     auto& folder = find<QLineEdit>(options, "ghcdir");
     folder.setFocus();
     folder.selectAll();
     QTest::keyClicks(&folder, "C:\\none");
-    world.dialogs.answer("Path Error", Answer::Ok);
-    QTest::keyClick(&folder, Qt::Key_Escape);
-    EXPECT_TRUE(options.isVisible());
-    EXPECT_TRUE(folder.hasFocus());
-
-    // The same for one who leaves the line for another, and for one who goes straight for the button.
+    // For one who leaves the line for another, and for one who goes straight for the button.
     world.dialogs.answer("Path Error", Answer::Ok);
     QTest::keyClick(&folder, Qt::Key_Tab);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return world.dialogs.shown.size() == 2; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return world.dialogs.shown.size() == 1; }));
     EXPECT_TRUE(folder.hasFocus());
     world.dialogs.answer("Path Error", Answer::Ok);
     QTest::mouseClick(&find(options, "optionsOK"), Qt::LeftButton);
     EXPECT_TRUE(options.isVisible());
+    world.dialogs.choose(std::nullopt);
+    world.dialogs.answer("Path Error", Answer::Ok);
+    QTest::mouseClick(&find(options, "ghcdirBrowse"), Qt::LeftButton);
+    QTest::keyClick(&folder, Qt::Key_Escape);
+    EXPECT_FALSE(options.isVisible() || program.rules.optionsRules.q3options.get());
+    EXPECT_EQ(program.startup.options.ghcdir.text(), "C:\\gh\\");
 
+    openOptions();
+    folder.setFocus();
+    folder.selectAll();
+    QTest::keyClicks(&folder, "C:\\g");
+    world.files.addFolder("C:\\gh\\docs");
+    world.dialogs.choose("C:\\gh\\docs\\");
+    QTest::mouseClick(&find(options, "ghcdirBrowse"), Qt::LeftButton);
+    EXPECT_EQ(world.settings.values["ghcdir"], "C:\\gh\\docs\\");
+    folder.setFocus();
     folder.selectAll();
     QTest::keyClicks(&folder, "C:\\gh");
-    QTest::keyClick(&folder, Qt::Key_Escape);
+    QTest::mouseClick(&find(options, "optionsOK"), Qt::LeftButton);
     EXPECT_FALSE(options.isVisible());
-    EXPECT_FALSE(program.rules.optionsRules.q3options.get());
     EXPECT_EQ(world.settings.values["ghcdir"], "C:\\gh\\");
     EXPECT_EQ(world.dialogs.shown.size(), 3);
 }

@@ -33,22 +33,19 @@ protected:
 };
 
 TEST_F(PlayerTabTest, ButtonsCountWithinTheirBoundsAndNothingIsTyped) {
-    struct {
-        const char* name;
-        LabelField& field;
-    } cases[] = {{"chindex", program.config.doc.chindex}, {"q3fxcolor", program.config.doc.q3fxcolor}};
-    for (const auto& c : cases) {
-        QWidget& spin = find(c.name);
-        const Range& range = *c.field.range();
+    for (LabelField* field : {&program.config.doc.chindex, &program.config.doc.q3fxcolor}) {
+        QWidget& spin = find(field->name().c_str());
         for (int i = 0; i < 30; ++i) QTest::keyClick(&spin, Qt::Key_Up);
-        EXPECT_EQ(c.field.text(), std::to_string(range.max));
+        EXPECT_EQ(field->text(), std::to_string(field->range()->max));
         QTest::keyClicks(&spin, "5");
         for (int i = 0; i < 30; ++i) QTest::keyClick(&spin, Qt::Key_Down);
-        EXPECT_EQ(c.field.text(), std::to_string(range.min));
+        EXPECT_EQ(field->text(), std::to_string(field->range()->min));
     }
-    program.config.doc.q3fxcolor.setText("9");
-    QTest::keyClick(&find("q3fxcolor"), Qt::Key_Up);
-    EXPECT_EQ(program.config.doc.q3fxcolor.text(), "7") << "beyond its bounds, both buttons lead back";
+    for (const auto& [key, after] : {std::pair(Qt::Key_Up, "7"), {Qt::Key_Down, "8"}}) {
+        program.config.doc.q3fxcolor.setText("9");
+        QTest::keyClick(&find("q3fxcolor"), key);
+        EXPECT_EQ(program.config.doc.q3fxcolor.text(), after) << "beyond its bounds, both buttons lead back";
+    }
     EXPECT_EQ(program.config.history.undoName.get(), "FX Colour");
 }
 
@@ -83,6 +80,9 @@ TEST_F(PlayerTabTest, AChosenModelIsOneStepThatCanBeUndone) {
     EXPECT_FALSE(program.config.history.canUndo.get());
     program.meditredo_Click();
     EXPECT_EQ(program.content.models.selectedModel(), chosen);
+    while (program.content.models.mdltree.at(program.content.models.mdltree.current()).parent != 0)
+        QTest::keyClick(&tree, Qt::Key_Up);
+    EXPECT_TRUE(program.config.doc.currmodel.text().ends_with("/Default")) << "what the document holds for a model alone";
 }
 
 }  // namespace

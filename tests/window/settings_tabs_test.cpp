@@ -45,13 +45,16 @@ protected:
     template <class Check>
     void forEachField(Check check) {
         FieldGroup* groups[] = {&doc.server, &doc.video, &doc.tweak1, &doc.tweak2};
-        for (std::size_t i = 0; i < tabs.size(); ++i)
+        for (std::size_t i = 0; i < tabs.size(); ++i) {
+            tabs[i]->activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(tabs[i].get()));
             for (Field* field : groups[i]->fields) {
                 SCOPED_TRACE(field->name());
                 const auto widgets = tabs[i]->findChildren<QWidget*>(QString::fromStdString(field->name()));
                 ASSERT_EQ(widgets.size(), 1);
                 check(*field, *widgets.front());
             }
+        }
     }
 
     fake::World world;
@@ -70,6 +73,8 @@ TEST_F(SettingsTabsTest, EveryFieldIsOnItsTabOnceAndFollowsItsWidgetAndTheOtherW
         } else if (field.kind() == Field::Kind::Text) {
             QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
             QTest::keyClicks(&widget, "321");
+            EXPECT_EQ(field.valueText() == before, field.spec().takenWhenLeft);
+            QTest::keyClick(&widget, Qt::Key_Return);
         } else if (field.kind() != Field::Kind::Label) {
             QTest::keyClick(&widget, Qt::Key_End);
             if (field.valueText() == before) QTest::keyClick(&widget, Qt::Key_Home);

@@ -78,12 +78,10 @@ TEST_P(Walk, TheViewMirrorsEveryChangeOfTheTable) {
     const auto pick = [&random](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
     for (int step = 0; step < 3000; ++step) {
         const int count = rows.count();
-        switch (count == 0 ? 0 : pick(tree ? 8 : 10)) {
-            case 0:
-            case 1:
-            case 2: rows.append({"r" + std::to_string(step), pick(3) == 0 ? "" : pick(2) ? "A" : "B"}); break;
-            case 3:
-            case 4: rows.remove(pick(count) + 1); break;
+        switch (count == 0 ? 2 : pick(tree ? 8 : 10)) {
+            default: rows.append({"r" + std::to_string(step), pick(3) == 0 ? "" : pick(2) ? "A" : "B"}); break;
+            case 3: rows.remove(pick(count) + 1); break;
+            case 4: rows.remove(1); break;
             case 5: rows.update(pick(count) + 1, [step](Row& row) { row.text += std::to_string(step % 10); }); break;
             case 6: rows.setCurrent(pick(count + 1)); break;
             case 7: view.setCurrentIndex(model->indexOf(pick(count) + 1)); break;
@@ -105,10 +103,10 @@ TEST_P(Walk, TheViewMirrorsEveryChangeOfTheTable) {
 
 INSTANTIATE_TEST_SUITE_P(ListAndTree, Walk, testing::Bool());
 
-TEST(TableView, KeysMoveTheCurrentRowAndOnlyAPersonsChoiceIsTold) {
+TEST(TableView, KeysMoveTheCurrentRowSelectAllAndOnlyAPersonsChoiceIsTold) {
     Rows rows;
     for (const char* text : {"one", "two", "three"}) rows.append({text, {}});
-    TableView view(new TableModel(rows, listLook()));
+    TableView view(new TableModel(rows, listLook()), QAbstractItemView::ExtendedSelection);
     std::vector<int> chosen;
     QObject::connect(&view, &TableView::rowChosen, &view, [&chosen](int position) { chosen.push_back(position); });
     view.show();
@@ -118,15 +116,8 @@ TEST(TableView, KeysMoveTheCurrentRowAndOnlyAPersonsChoiceIsTold) {
     rows.remove(3);
     EXPECT_EQ(rows.current(), 2);
     EXPECT_EQ(chosen, std::vector<int>{3});
-}
-
-TEST(TableView, ManyRowsSelectedByKeysAreSelectedInTheTableAtOnce) {
-    Rows rows;
-    for (const char* text : {"one", "two", "three"}) rows.append({text, {}});
-    TableView view(new TableModel(rows, listLook()), QAbstractItemView::ExtendedSelection);
-    view.show();
     QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(rows.selectedCount(), 3);
+    EXPECT_EQ(rows.selectedCount(), 2);
     rows.selectNone();
     EXPECT_FALSE(view.selectionModel()->hasSelection());
 }

@@ -30,14 +30,16 @@ char byteOf(char32_t character) {
     return sameNumber ? static_cast<char>(character) : '?';
 }
 
+bool isAscii(std::string_view bytes) {
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }
 
 /// The text when the bytes are UTF-8 and not plain ASCII.
 std::optional<QString> asUtf8(std::string_view bytes) {
     const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    const bool ascii =
-        std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    if (ascii || !QUtf8StringView(view.data(), view.size()).isValidUtf8()) return std::nullopt;
+    if (isAscii(bytes) || !QUtf8StringView(view.data(), view.size()).isValidUtf8()) return std::nullopt;
     // Unlike other ways, this one keeps a mark at the beginning.
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
     return decoder.decode(view);
@@ -63,6 +65,16 @@ std::string textBytes(const QString& text) {
 
 std::string typedBytes(const QString& text) {
     std::string bytes = textBytes(text);
+    std::erase_if(bytes, isControl);
+    return bytes;
+}
+
+std::string typedPathBytes(const QString& text, std::string_view before) {
+    if (!isAscii(before) && !asUtf8(before)) {
+        std::string kept = typedBytes(text);
+        if (shown(kept) == text) return kept;
+    }
+    std::string bytes = text.toStdString();
     std::erase_if(bytes, isControl);
     return bytes;
 }

@@ -21,4 +21,8 @@ std::string textBytes(const QString& text);
 /// The same for what was typed into a line: control characters are dropped.
 std::string typedBytes(const QString& text);
 
+/// What was typed into a line that holds a path, as the system knows it: UTF-8, but Windows-1252 where the line held a
+/// name in bytes that are no UTF-8 before, and the text can be told so.
+std::string typedPathBytes(const QString& text, std::string_view before);
+
 }  // namespace gatehouse

@@ -40,7 +40,10 @@ OptionsDialog::OptionsDialog(OptionsForm& form, OptionsRules& rules, QWidget* pa
     followForm();
 }
 
-void OptionsDialog::reject() { run(&OptionsRules::optionsOK_Click); }
+void OptionsDialog::reject() {
+    folderOpen_ = false;
+    rules_.optionsCancel_Click();
+}
 
 QWidget* OptionsDialog::makeFields() {
     auto* fields = new QWidget(this);
@@ -62,7 +65,11 @@ QWidget* OptionsDialog::makeFields() {
     addHeading(*grid, "Files and Logs");
     ghcdir_ = makeLine(form_.ghcdir);
     ghcdir_->installEventFilter(this);
-    addRow(*grid, form_.ghcdir, ghcdir_);
+    // A button that is pressed by its shortcut leaves the focus in the line.
+    connect(ghcdir_, &QLineEdit::textEdited, this, [this] { folderOpen_ = true; });
+    QPushButton* browse = makeButton("ghcdirBrowse", tr("Br&owse..."), tr("Choose the folder of the documents"));
+    connect(browse, &QPushButton::clicked, this, &OptionsDialog::browseFolder);
+    addRow(*grid, form_.ghcdir, ghcdir_, browse);
     addRow(*grid, form_.q3startwith, makeList(form_.q3startwith));
     addRow(*grid, form_.q3overwrite, makeList(form_.q3overwrite));
     addRow(*grid, form_.q3loglevel, makeList(form_.q3loglevel));
@@ -133,11 +140,16 @@ QBoxLayout* OptionsDialog::makeButtons() {
     return row;
 }
 
-QPushButton* OptionsDialog::makeButton(const QString& name, const QString& text, const QString& hint, Command command) {
+QPushButton* OptionsDialog::makeButton(const QString& name, const QString& text, const QString& hint) {
     auto* button = new QPushButton(text, this);
     button->setObjectName(name);
     button->setToolTip(hint);
     button->setAccessibleDescription(hint);
+    return button;
+}
+
+QPushButton* OptionsDialog::makeButton(const QString& name, const QString& text, const QString& hint, Command command) {
+    QPushButton* button = makeButton(name, text, hint);
     connect(button, &QPushButton::clicked, this, [this, command] { run(command); });
     return button;
 }
@@ -164,6 +176,14 @@ void OptionsDialog::settleFolderSoon() {
         else if (!ghcdir_->hasFocus())
             settleFolder();
     });
+}
+
+void OptionsDialog::browseFolder() {
+    // A wrong folder is no reason not to look for the right one.
+    const bool open = std::exchange(folderOpen_, false);
+    if (rules_.ghcdirBrowse_Click()) return;
+    folderOpen_ = open;
+    settleFolder();
 }
 
 bool OptionsDialog::settleFolder() {

@@ -18,7 +18,8 @@ class OptionsRules;
 class TextField;
 struct OptionsForm;
 
-/// The dialog `q3options`. What is changed in it holds at once: there is nothing to cancel, and Escape is as good as OK.
+/// The dialog `q3options`. What is changed in it holds at once: there is nothing to cancel but a folder half typed, and
+/// apart from that Escape is as good as OK.
 class OptionsDialog : public FormDialog {
     Q_OBJECT
 
@@ -39,6 +40,7 @@ private:
     QWidget* makeSpin(TextField& field);
     QWidget* makeList(ListField& field);
     QBoxLayout* makeButtons();
+    QPushButton* makeButton(const QString& name, const QString& text, const QString& hint);
     QPushButton* makeButton(const QString& name, const QString& text, const QString& hint, Command command);
 
     /// Runs a command, once the folder is one.
@@ -46,6 +48,7 @@ private:
     /// False if the folder that was left is none; the focus is back in its line.
     bool settleFolder();
     void settleFolderSoon();
+    void browseFolder();
 
     OptionsForm& form_;
     OptionsRules& rules_;

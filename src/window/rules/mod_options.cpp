@@ -6,6 +6,7 @@
 #include "platform/forms.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <utility>
 
@@ -57,14 +58,12 @@ ModLink makeLink(const std::string& target, bool cut, std::string_view scheme) {
 }
 
 /// One less than the value, though a choice is stored without the one: each opening after a change selects the row
-/// above. It is meant.
-int startIndex(const ModOption& option) {
-    if (!isNumeric(option.value))
-        throw RuntimeFailure("Type mismatch: " + quoted(option.value) + " of " + option.name + " is not a number");
-    const int index = wholeInt16(val(option.value) - 1);
-    if (index < -1 || index >= static_cast<int>(option.listitems.size()))
-        throw RuntimeFailure("Invalid list index " + std::to_string(index) + " for " + option.name);
-    return index;
+/// above. It is meant. Nothing for a value that names no entry.
+std::optional<int> startIndex(const ModOption& option) {
+    if (!isNumeric(option.value)) return std::nullopt;
+    const double place = std::nearbyint(val(option.value) - 1);
+    if (place < -1 || place >= static_cast<double>(option.listitems.size())) return std::nullopt;
+    return static_cast<int>(place);
 }
 
 ModField makeField(const ModOption& option, int index, int place) {
@@ -78,7 +77,7 @@ ModField makeField(const ModOption& option, int index, int place) {
     if (field.editor == ModEditor::Check) field.checked = lower(trim(option.value)) == "true";
     if (field.editor == ModEditor::List) {
         field.listitems = option.listitems;
-        field.listIndex = startIndex(option);
+        field.listIndex = startIndex(option).value_or(-1);
     }
     if (field.editor == ModEditor::Number && option.increment >= 1) {
         const auto [least, most] = std::minmax(option.min, option.max);
@@ -94,6 +93,7 @@ ModOptions::ModOptions(const Ground& ground, ModTable& mods, Edits& edits)
       run_(ground.run),
       edits_(edits),
       dialogs_(ground.dialogs),
+      log_(ground.log),
       events_(ground.events),
       mtimer_(events_.createTimer([this] { mtimer_Timer(); })),
       hidden_(q3mod.changed, std::function<void()>([this] {
@@ -167,6 +167,8 @@ void ModOptions::addFields(const ModEntry& mod) {
         const ModOption& option = mod.options[i];
         if (!shows(option)) continue;
         plan_.fields.push_back(makeField(option, static_cast<int>(i) + 1, modShownCount_));
+        if (plan_.fields.back().editor == ModEditor::List && !startIndex(option))
+            log_.logEvent(mod.name + ": no entry of " + option.name + " for the value " + quoted(option.value), true);
         ++modShownCount_;
     }
 }

@@ -3,6 +3,7 @@
 #include "base/edits.h"
 #include "base/field.h"
 #include "base/form.h"
+#include "base/log.h"
 #include "base/observable.h"
 #include "base/run_state.h"
 #include "base/signal.h"
@@ -80,8 +81,8 @@ public:
 
     /// Options of the server, and those of the player too where both play here.
     void modoptions_Click();
-    /// Shows the options of the server ("S"), of the client ("C") or all ("A"). Returns once the dialog is hidden.
-    /// Fails where the value of a list names none of its entries.
+    /// Shows the options of the server ("S"), of the client ("C") or all ("A"). Returns once the dialog is hidden. A
+    /// list whose value names none of its entries shows no selection.
     void showFor(std::string_view letter);
     void modclose_Click() { q3mod.set(false); }
 
@@ -114,6 +115,7 @@ private:
     RunState& run_;
     Edits& edits_;
     Dialogs& dialogs_;
+    Log& log_;
     EventLoop& events_;
     std::string Tag_;
     ModDialogPlan plan_;

@@ -18,6 +18,18 @@ void OptionsRules::optionsOK_Click() {
     q3options.set(false);
 }
 
+void OptionsRules::optionsCancel_Click() {
+    parts_.form.ghcdir.setText(parts_.options.getOption("ghcdir", parts_.run.AppDir));
+    optionsOK_Click();
+}
+
+bool OptionsRules::ghcdirBrowse_Click() {
+    const auto chosen = parts_.dialogs.chooseFolder(parts_.form.ghcdir.title(), trim(parts_.form.ghcdir.text()));
+    if (!chosen) return false;
+    parts_.form.ghcdir.setText(*chosen);
+    return ghcdir_LostFocus();
+}
+
 bool OptionsRules::ghcdir_LostFocus() {
     std::string folder = trim(parts_.form.ghcdir.text());
     if (!folder.ends_with('\\')) folder += '\\';
@@ -50,6 +62,7 @@ void OptionsRules::view(const std::string& path, std::string_view report) {
         parts_.log.logEvent(report);
     } catch (const RuntimeFailure& failure) {
         parts_.log.logEvent(failure.what(), true);
+        parts_.dialogs.show({.title = "Options", .text = failure.what(), .icon = Icon::Stop});
     }
     optionsOK_Click();
 }

@@ -44,8 +44,12 @@ public:
     void mtoolsoptions_Click();
     /// Hides the dialog.
     void optionsOK_Click();
+    /// The same, with the folder that is stored: what was typed since is given up.
+    void optionsCancel_Click();
     /// Completes and stores the folder of the documents. False if there is no such folder: the focus goes back to it.
     bool ghcdir_LostFocus();
+    /// Lets the user choose the folder of the documents. False if none was chosen.
+    bool ghcdirBrowse_Click();
     void q3GetFile_Click();
     void editscripts_Click();
     void viewerr_Click();

@@ -26,8 +26,8 @@ TableView* makeModelTree(ModelCatalog& models, SettingsDocument& doc, RunState& 
     tree->setObjectName("mdltree");
     tree->setAccessibleName(QObject::tr("Models and Skins"));
     tree->setHeaderHidden(true);
-    QObject::connect(tree, &TableView::rowChosen, tree, [&models, &doc, &run](int position) {
-        std::string path = models.fullPath(position);
+    QObject::connect(tree, &TableView::rowChosen, tree, [&models, &doc, &run] {
+        std::string path = models.selectedModel();
         std::replace(path.begin(), path.end(), '\\', '/');
         doc.currmodel.setText(path);
         run.ConfigChanged = true;

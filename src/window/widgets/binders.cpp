@@ -7,6 +7,7 @@
 #include "window/widgets/spin_text.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -65,6 +66,15 @@ void showText(QLineEdit& line, const TextField& field) {
     if (line.text() != text) line.setText(text);
 }
 
+/// Hands a line's text to its field.
+void take(const QString& text, TextField& field, Typed typed) {
+    // Bytes that show alike stay as they are: only what differs on the screen was typed.
+    if (text == shown(field.text())) return;
+    const std::string bytes = field.spec().isPath ? typedPathBytes(text, field.text()) : typedBytes(text);
+    if (typed != Typed::AnyText && !isWholeNumber(bytes)) return;
+    field.edit([&field, &bytes] { field.setText(bytes); });
+}
+
 /// `widget` is the line itself, or what it is a part of.
 template <class Widget>
 void bindText(Widget& widget, QLineEdit& line, TextField& field, Typed typed) {
@@ -73,14 +83,14 @@ void bindText(Widget& widget, QLineEdit& line, TextField& field, Typed typed) {
     // A document may hold a text of any length; the line must not cut it.
     line.setMaxLength(std::numeric_limits<int>::max());
     followValue(line, field, [&line, &field] { showText(line, field); });
-    QObject::connect(&line, &QLineEdit::textChanged, &line, [&field, typed](const QString& text) {
-        // Bytes that show alike stay as they are: only what differs on the screen was typed.
-        if (text == shown(field.text())) return;
-        const std::string bytes = typedBytes(text);
-        if (typed != Typed::AnyText && !isWholeNumber(bytes)) return;
-        field.edit([&field, &bytes] { field.setText(bytes); });
+    QObject::connect(&line, &QLineEdit::textChanged, &line, [&line, &field, typed](const QString& text) {
+        // The spin buttons' text is no typed one: it is taken at once.
+        if (field.spec().takenWhenLeft && line.isModified()) return;
+        take(text, field, typed);
     });
-    QObject::connect(&widget, &Widget::editingFinished, &line, [&line, &field, typed] {
+    QObject::connect(&widget, &Widget::editingFinished, &line, [&widget, &line, &field, typed] {
+        // Another window is no leaving.
+        if (field.spec().takenWhenLeft && widget.isActiveWindow()) take(line.text(), field, typed);
         if (typed == Typed::Number) showText(line, field);
         field.left.emit();
     });
@@ -159,9 +169,22 @@ void bindCaption(QLabel& label, QWidget& widget, Field& field) {
     bindStates(label, field);
 }
 
+void leaveTypedText() {
+    QWidget* focused = QApplication::focusWidget();
+    if (auto* spin = qobject_cast<SpinText*>(focused)) return Q_EMIT spin->editingFinished();
+    if (auto* line = qobject_cast<QLineEdit*>(focused)) Q_EMIT line->editingFinished();
+}
+
+void bindCommand(QAction& action, std::function<void()> command) {
+    QObject::connect(&action, &QAction::triggered, &action, [command = std::move(command)] {
+        leaveTypedText();
+        command();
+    });
+}
+
 void bindCommand(QAction& action, Observable<bool>& flag, std::function<void()> command) {
     follow(&action, flag, [&action](bool enabled) { action.setEnabled(enabled); });
-    QObject::connect(&action, &QAction::triggered, &action, std::move(command));
+    bindCommand(action, std::move(command));
 }
 
 void bindSwitch(QAction& action, Observable<bool>& state, std::function<void()> command) {

@@ -38,7 +38,12 @@ void showHint(QWidget& widget, const Field& field);
 /// The label in front of a field's widget: shows its caption, hides with it and leads the keyboard to it.
 void bindCaption(QLabel& label, QWidget& widget, Field& field);
 
-/// A menu entry or tool button that can be used while `flag` holds and runs `command`.
+/// Ends the typing in the line that has the keyboard: neither a shortcut nor a tool button takes it away from there.
+void leaveTypedText();
+
+/// A menu entry or tool button that runs `command`, on what was typed before.
+void bindCommand(QAction& action, std::function<void()> command);
+/// The same, but it can be used only while `flag` holds and runs `command`.
 void bindCommand(QAction& action, Observable<bool>& flag, std::function<void()> command);
 /// A menu entry that is ticked while `state` holds and runs `command`, which is to change the state.
 void bindSwitch(QAction& action, Observable<bool>& state, std::function<void()> command);

@@ -11,9 +11,14 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMessageBox>
 
+#include <filesystem>
+#include <functional>
 #include <iostream>
+#include <memory>
+#include <system_error>
 
 namespace gatehouse {
 
@@ -67,6 +72,31 @@ QMessageBox::StandardButton escapeButton(Buttons buttons) {
     return buttons == Buttons::YesNo ? QMessageBox::No : QMessageBox::Cancel;
 }
 
+/// A box that only its buttons end.
+class InsistingBox : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!event->matches(QKeySequence::Cancel)) QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+};
+
+/// A file dialog that stays open for a path that is refused.
+class CheckedFileDialog : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+    std::function<bool(const QString& path)> refuses;
+
+protected:
+    void accept() override {
+        const QStringList chosen = selectedFiles();
+        if (chosen.isEmpty() || !refuses(chosen.constFirst())) QFileDialog::accept();
+    }
+};
+
 /// What fits on a screen: a text may quote a line of a damaged file.
 QString boxText(const std::string& text) {
     constexpr std::size_t kLongestText = 4000;
@@ -87,6 +117,29 @@ std::string pathBytes(const QString& path) { return QFile::encodeName(path).toSt
 QString folderShown(std::string native) {
     while (pathBytes(pathShown(native)) != native) native = nativeFolder(native);
     return pathShown(native);
+}
+
+bool isFolder(std::string_view native) {
+    const auto found = resolveExisting(toProgramPath(native));
+    std::error_code failed;
+    return found && std::filesystem::is_directory(*found, failed);
+}
+
+bool isReadable(std::string_view native) {
+    const auto found = resolveExisting(toProgramPath(native));
+    return found && QFileInfo(pathShown(*found)).isReadable();
+}
+
+/// The name with the ending of the chosen filter, unless it fits the filter as it is.
+std::string withEnding(const std::string& name, const QString& filter) {
+    const QStringList patterns = filter.section('(', -1).chopped(1).split(' ', Qt::SkipEmptyParts);
+    if (patterns.isEmpty() || QDir::match(patterns, pathShown(name))) return name;
+    const QString& first = patterns.constFirst();
+    return first.startsWith("*.") ? name + pathBytes(first.mid(1)) : name;
+}
+
+void startIn(QFileDialog& window, const std::string& programPath) {
+    if (const auto folder = resolveExisting(programPath)) window.setDirectory(folderShown(*folder));
 }
 
 /// Prints the lines without what a terminal would obey.
@@ -121,7 +174,13 @@ Answer QtDialogs::show(const MessageBox& box) {
         return safeAnswer(box);
     }
     throwIfEnded();
-    QMessageBox window(iconOf(box.icon), shown(box.title), boxText(box.text), buttonsOf(box.buttons), frontWindow());
+    const bool insists = box.noLoses && box.buttons == Buttons::YesNo;
+    const std::unique_ptr<QMessageBox> made(insists ? new InsistingBox(frontWindow()) : new QMessageBox(frontWindow()));
+    QMessageBox& window = *made;
+    window.setIcon(iconOf(box.icon));
+    window.setWindowTitle(shown(box.title));
+    window.setText(boxText(box.text));
+    window.setStandardButtons(buttonsOf(box.buttons));
     window.setTextFormat(Qt::PlainText);
     window.setObjectName(QStringLiteral("messageBox"));
     for (const ButtonAnswer& one : kAnswers)
@@ -142,24 +201,21 @@ void QtDialogs::throwIfEnded() const {
 std::optional<std::string> QtDialogs::openFile(const FileDialog& dialog) { return chooseFile(dialog, false); }
 std::optional<std::string> QtDialogs::saveFile(const FileDialog& dialog) { return chooseFile(dialog, true); }
 
-std::optional<std::string> QtDialogs::chooseFile(const FileDialog& dialog, bool saving) const {
+std::optional<std::string> QtDialogs::chooseFile(const FileDialog& dialog, bool saving) {
     const std::string title = !dialog.title.empty() ? dialog.title : saving ? "Save" : "Open";
-    if (!interactive_) {
-        print(title, "No file can be chosen without a display.");
-        return std::nullopt;
-    }
+    if (!canChoose(title)) return std::nullopt;
     throwIfEnded();
-    QFileDialog window(frontWindow(), shown(title), QString(), toolkitFilter(dialog.filter));
+    CheckedFileDialog window(frontWindow(), shown(title), QString(), toolkitFilter(dialog.filter));
     window.setObjectName(QStringLiteral("fileDialog"));
     // A name that does not exist is taken, and an existing one without a question: the caller asks about both. The
     // desktops' own dialogs insist.
     window.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
     window.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     window.setFileMode(QFileDialog::AnyFile);
+    window.refuses = [&](const QString& path) { return refuses(dialog, saving, title, pathBytes(path)); };
 
     const std::string preset = toNativePath(dialog.fileName);
-    for (const std::string& path : {dialog.startFolder, toProgramPath(nativeFolder(preset))})
-        if (const auto folder = resolveExisting(path)) window.setDirectory(folderShown(*folder));
+    for (const std::string& path : {dialog.startFolder, toProgramPath(nativeFolder(preset))}) startIn(window, path);
     const std::string name = nativeName(preset);
     window.selectFile(shown(name));
 
@@ -167,10 +223,45 @@ std::optional<std::string> QtDialogs::chooseFile(const FileDialog& dialog, bool 
     throwIfEnded();
     if (!accepted || window.selectedFiles().isEmpty()) return std::nullopt;
     const QFileInfo chosen(QDir::cleanPath(window.selectedFiles().constFirst()));
+    const std::string folder = pathBytes(chosen.path());
+    const bool asPreset = chosen.fileName() == shown(name);
     // A preset name that isn't in UTF-8 comes back as it was.
-    const bool asPreset = chosen.fileName() == shown(name) && !chosen.exists();
-    const std::string chosenName = asPreset ? name : pathBytes(chosen.fileName());
-    return toProgramPath(joinNative(pathBytes(chosen.path()), chosenName));
+    const std::string chosenName = asPreset && !chosen.exists() ? name : pathBytes(chosen.fileName());
+    const std::string path = toProgramPath(joinNative(folder, chosenName));
+    // The file in use keeps its name, whatever its ending.
+    if (!saving || (asPreset && resolveExisting(path))) return path;
+    return toProgramPath(joinNative(folder, withEnding(chosenName, window.selectedNameFilter())));
+}
+
+std::optional<std::string> QtDialogs::chooseFolder(const std::string& title, const std::string& startFolder) {
+    if (!canChoose(title)) return std::nullopt;
+    QFileDialog window(frontWindow(), shown(title));
+    window.setObjectName(QStringLiteral("fileDialog"));
+    window.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::ShowDirsOnly);
+    window.setFileMode(QFileDialog::Directory);
+    startIn(window, startFolder);
+    throwIfEnded();
+    const bool accepted = window.exec() == QDialog::Accepted;
+    throwIfEnded();
+    if (!accepted || window.selectedFiles().isEmpty()) return std::nullopt;
+    const std::string chosen = toProgramPath(pathBytes(QDir::cleanPath(window.selectedFiles().constFirst())));
+    return chosen.ends_with('\\') ? chosen : chosen + '\\';
+}
+
+bool QtDialogs::canChoose(const std::string& title) const {
+    if (!interactive_) print(title, "No file can be chosen without a display.");
+    return interactive_;
+}
+
+bool QtDialogs::refuses(const FileDialog& dialog, bool saving, const std::string& title, const std::string& path) {
+    std::string reason;
+    if (saving && !isFolder(nativeFolder(path)))
+        reason = "There is no folder " + nativeFolder(path);
+    else if (!saving && !dialog.mustExist.empty() && endsWithNoCase(path, dialog.mustExist) && !isReadable(path))
+        reason = "There is no file to read at " + path;
+    if (reason.empty()) return false;
+    show({.title = title, .text = reason + ".", .icon = Icon::Stop});
+    return true;
 }
 
 }  // namespace gatehouse

@@ -20,9 +20,14 @@ public:
     Answer show(const MessageBox& box) override;
     std::optional<std::string> openFile(const FileDialog& dialog) override;
     std::optional<std::string> saveFile(const FileDialog& dialog) override;
+    std::optional<std::string> chooseFolder(const std::string& title, const std::string& startFolder) override;
 
 private:
-    std::optional<std::string> chooseFile(const FileDialog& dialog, bool saving) const;
+    std::optional<std::string> chooseFile(const FileDialog& dialog, bool saving);
+    /// False, printed, where nobody can choose anything.
+    bool canChoose(const std::string& title) const;
+    /// True after a box that says why, if a path can't be what was asked for.
+    bool refuses(const FileDialog& dialog, bool saving, const std::string& title, const std::string& path);
 
     void throwIfEnded() const;
 

@@ -296,6 +296,10 @@ std::optional<std::string> ScriptedDialogs::openFile(const FileDialog& dialog) {
 
 std::optional<std::string> ScriptedDialogs::saveFile(const FileDialog& dialog) { return openFile(dialog); }
 
+std::optional<std::string> ScriptedDialogs::chooseFolder(const std::string& title, const std::string& startFolder) {
+    return openFile({.title = title, .filter = {}, .startFolder = startFolder, .fileName = {}});
+}
+
 std::string FakeProcesses::environment(int position) const {
     const auto index = static_cast<std::size_t>(position - 1);
     return index < variables.size() ? variables[index] : std::string();

@@ -126,6 +126,7 @@ public:
     Answer show(const MessageBox& box) override;
     std::optional<std::string> openFile(const FileDialog& dialog) override;
     std::optional<std::string> saveFile(const FileDialog& dialog) override;
+    std::optional<std::string> chooseFolder(const std::string& title, const std::string& startFolder) override;
     /// Boxes shown so far.
     std::vector<MessageBox> shown;
     std::vector<FileDialog> fileDialogs;
