@@ -3,11 +3,10 @@
 #include "launch/filesout.h"
 #include "support/core/fake_host.h"
 #include "support/core/fakes.h"
+#include "support/core/golden.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <numeric>
 #include <string>
 
@@ -18,12 +17,6 @@ inline std::string patternText(const std::string& field) { return " " + field + 
 /// A number that tells one field from another: the sum of its name's bytes.
 inline std::int16_t patternNumber(const std::string& field) {
     return static_cast<std::int16_t>(std::accumulate(field.begin(), field.end(), 0));
-}
-
-inline std::string golden(const std::string& name) {
-    std::ifstream file(std::string(GATEHOUSE_GOLDEN_DIR) + "/" + name, std::ios::binary);
-    EXPECT_TRUE(file) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 /// A document in which every text and number tells its field, and what stands around it.

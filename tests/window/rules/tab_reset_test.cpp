@@ -1,11 +1,10 @@
 #include "window/rules/tab_reset.h"
 
 #include "support/core/document_desk.h"
+#include "support/core/golden.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 
 namespace gatehouse {
 namespace {
@@ -61,8 +60,7 @@ TEST_F(TabResetTest, AllTabsAreResetOnceTheUserAgrees) {
     std::string values;
     for (FieldGroup* group : doc.groups())
         for (const Field* field : group->fields) values += field->name() + " " + field->valueText() + "\n";
-    std::ifstream golden(GATEHOUSE_GOLDEN_DIR "/default/reset.txt");
-    EXPECT_EQ(values, std::string(std::istreambuf_iterator<char>(golden), {}));
+    EXPECT_EQ(values, golden("default/reset.txt"));
 }
 
 TEST_F(TabResetTest, ClearingTheMapsStopsWhatHostsThem) {
