@@ -105,7 +105,7 @@ TEST(Loader, AfterTheDefaultDocument) {
     DocumentDesk desk;
     desk.documents.writeDefaultConfig();
     // Whatever stood there before.
-    desk.load({"seta g_gametype \"4\"", "seta g_dowarmup \"1\"",
+    desk.load({"mods currmod \"Other Mod\"", "seta g_gametype \"4\"", "seta g_dowarmup \"1\"",
                "seta ui_ctf_capturelimit \"9\"", "seta sv_privatepassword \"secret\"", "bots Sarge \"3Red\"",
                "seta sv_allowdownload \"0\"", "seta sv_pure \"0\"", "base cfgtype \"2\""});
     ASSERT_TRUE(desk.documents.loadConfig("C:\\gh\\default.ghc"));
@@ -142,7 +142,9 @@ TEST(Loader, MapsBotsAndTheirBlanks) {
     EXPECT_EQ(desk.doc.q3botlist.at(2).name, "Big");
     EXPECT_EQ(desk.doc.q3botlist.at(2).skill, "A");
     EXPECT_EQ(desk.doc.q3botlist.at(3).skill, "");
+    desk.load({"seta g_gametype \"4\""});
     desk.load({});
+    EXPECT_TRUE(desk.doc.q3gametype.index() == 0 && desk.doc.LastGameType == 0) << "the first of the mod's, chosen anew";
     EXPECT_TRUE(desk.doc.maplist.empty() && desk.doc.q3botlist.empty());
     EXPECT_EQ(desk.doc.MapCount, 0);
 }

@@ -80,6 +80,15 @@ TEST_F(BindersTest, AFieldThatIsTakenWhenLeftWaitsForTheWholeText) {
     EXPECT_EQ(hunk.text(), "56");
     QTest::keyClick(&spin, Qt::Key_Up);
     EXPECT_EQ(hunk.text(), "64") << "the buttons count at once, on from what is typed";
+    QWidget another;
+    another.show();
+    spin.selectAll();
+    QTest::keyClicks(&spin, "1");
+    another.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&another));
+    EXPECT_EQ(hunk.text(), "64") << "another window is no leaving";
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     for (const auto& [typed, leave] : {std::pair<const char*, std::function<void()>>(
                                            "128", [&] { QTest::keyClick(&spin, Qt::Key_Return); }),
                                        {"129", [&] { find<QLineEdit>("q3hostname").setFocus(); }},

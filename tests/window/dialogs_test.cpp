@@ -90,11 +90,13 @@ TEST_F(DialogsTest, ShowsABoxAsPlainTextAndTellsTheButton) {
                                 .noLoses = c.noLoses}),
                   c.answer);
     }
-    // A failure behind a box ends it.
+    // A failure behind a box ends it, even one that only its buttons end.
     QtEventLoop& events = static_cast<GuardedApplication<QApplication>*>(qApp)->events();
-    QTimer::singleShot(0, &receiver, [] { throw RuntimeFailure("behind"); });
-    EXPECT_EQ(dialogs.show({"Run", "text", Buttons::YesNo, Icon::None, Answer::No}), Answer::No);
-    EXPECT_THROW(events.yield(), RuntimeFailure);
+    for (const bool noLoses : {false, true}) {
+        QTimer::singleShot(0, &receiver, [] { throw RuntimeFailure("behind"); });
+        EXPECT_EQ(dialogs.show({"Run", "text", Buttons::YesNo, Icon::None, Answer::No, noLoses}), Answer::No);
+        EXPECT_THROW(events.yield(), RuntimeFailure);
+    }
 }
 
 TEST_F(DialogsTest, WithoutADisplayBoxesArePrintedAndAnsweredSafely) {

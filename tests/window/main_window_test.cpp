@@ -195,6 +195,7 @@ TEST_F(MainWindowTest, ClosingAsksAndHides) {
     program.run.ConfigChanged = false;
     world.dialogs.answer("Exit Gatehouse", Answer::No);
     EXPECT_FALSE(window.close());  // the program hides it, not its own event
+    ASSERT_EQ(world.dialogs.shown.size(), 1u);
     EXPECT_TRUE(!window.isVisible() && world.events.ended && world.dialogs.shown.back().noLoses);
     window.close();
     EXPECT_EQ(world.dialogs.shown.size(), 1u);

@@ -51,6 +51,7 @@ private:
 void closeModalWindows(const QWindow* last) {
     while (QWindow* window = QGuiApplication::modalWindow()) {
         if (window == last) return;
+        window->setProperty(QtEventLoop::kMustClose, true);
         window->close();
         // One that doesn't want to close must not hold up the failure.
         if (window == QGuiApplication::modalWindow()) window->hide();

@@ -12,6 +12,9 @@ namespace gatehouse {
 /// comes out of the innermost `yield`, `waitUntil` or `run` that the handler ran in.
 class QtEventLoop : public EventLoop {
 public:
+    /// Property of a window that is closed for a failure: it may not refuse.
+    static constexpr const char* kMustClose = "mustClose";
+
     QtEventLoop() = default;
     QtEventLoop(const QtEventLoop&) = delete;
     QtEventLoop& operator=(const QtEventLoop&) = delete;

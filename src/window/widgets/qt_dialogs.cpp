@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QWindow>
 
 #include <filesystem>
 #include <functional>
@@ -81,7 +82,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (!event->matches(QKeySequence::Cancel)) QMessageBox::keyPressEvent(event);
     }
-    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+    void closeEvent(QCloseEvent* event) override {
+        const bool must = windowHandle() && windowHandle()->property(QtEventLoop::kMustClose).toBool();
+        must ? QMessageBox::closeEvent(event) : event->ignore();
+    }
 };
 
 /// A file dialog that stays open for a path that is refused.
