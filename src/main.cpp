@@ -102,6 +102,12 @@ int main(int argc, char** argv) {
         if (!mainWindow) mainWindow = std::make_unique<MainWindow>(program);
     });
 
+    // The system's part of a look-up can't be called off, and the toolkit would wait for it.
+    const auto leave = [&socket](int status) {
+        if (socket.lookingUp()) std::_Exit(status);
+        return status;
+    };
+
     try {
         program.StartupDriver();
         if (interactive && program.startup.q3.visible.get())
@@ -112,9 +118,9 @@ int main(int argc, char** argv) {
     } catch (const Shutdown&) {
         // The main window has unloaded inside a wait.
     } catch (const std::exception& failure) {
-        return fail(program.handleFatal(failure, interactive));
+        return leave(fail(program.handleFatal(failure, interactive)));
     }
     // The box names no reason, and at the lowest level the log doesn't either.
-    if (program.exitStatus() != EXIT_SUCCESS && program.run.RunErrors) return fail(program.run.RunFailure);
-    return program.exitStatus();
+    if (program.exitStatus() != EXIT_SUCCESS && program.run.RunErrors) return leave(fail(program.run.RunFailure));
+    return leave(program.exitStatus());
 }

@@ -9,6 +9,7 @@ import pyatspi
 
 from accessible import act, fail, find, is_enabled, main_window, open_tab, press, wait_for
 
+ENDLESS = "Asking again and again. Esc in the list ends it."
 PING_TRIES = 10
 PING_DIFFERENCE = 5  # milliseconds
 ANSWER_BREAK = 2.5  # seconds; an engine answers one address once a second
@@ -54,6 +55,15 @@ class Browser:
         return self.servers.row(row), self.servers.cell(row, "Name").description
 
 
+    def stop(self):
+        """A server of game type 0 is asked on and on, at a pace that it can answer, until Escape is pressed in the list."""
+        told = find(self.window, "label", ENDLESS)
+        wait_for("nothing tells how the walk ends", lambda: told.getState().contains(pyatspi.STATE_SHOWING))
+        find(self.window, "tree", "Servers").queryComponent().grabFocus()
+        subprocess.run(["xdotool", "key", "Escape"], check=True)
+        wait_for("Escape ends no walk", lambda: not told.getState().contains(pyatspi.STATE_SHOWING))
+
+
 def expect(what, found, wanted):
     if found != wanted:
         fail(f"{what}: {found!r}, expected {wanted!r}")
@@ -90,17 +100,20 @@ def query(arguments):
     expect("the order", browser.servers.column("Address"), [arguments.nobody, arguments.server])
 
     row, state = browser.query(arguments.server)
-    alive = {"Name": arguments.name, "Players": arguments.players, "Game": "Teamplay", "Map": arguments.map,
+    alive = {"Name": arguments.name, "Players": arguments.players, "Game": arguments.game, "Map": arguments.map,
              "Address": arguments.server}
+    if arguments.endless:
+        browser.stop()
     expect("a server", {title: row[title] for title in alive}, alive)
     expect("its state", state, "Answers; has places for those with a password" if arguments.locked else "Answers")
     if not row["Ping"].strip().isdigit() or int(row["Ping"]) >= 9999:
         fail(f"the ping of a server that answered is {row['Ping']!r}")
     totals = [find(browser.window, "label", caption).parent[1].name for caption in ("Servers:", "Players:")]
     expect("the totals", totals, ["2", str(len(arguments.bots))])
-    if arguments.quakestat:
+    if arguments.quakestat and not arguments.endless:
         compare_pings(browser, arguments.server)
 
+    browser.choose(arguments.server)
     press(browser.window, "Players")
     dialog = find(browser.program, "dialog", f"Players on {arguments.name}")
     expect("who plays", sorted(Table(dialog, "Players").column("Name")), sorted(arguments.bots))
@@ -116,7 +129,8 @@ def main():
     ask.add_argument("server")
     for value in ("--name", "--players", "--map"):
         ask.add_argument(value)
-    for flag in ("--locked", "--quakestat"):
+    ask.add_argument("--game", default="Teamplay")
+    for flag in ("--locked", "--quakestat", "--endless"):
         ask.add_argument(flag, action="store_true")
     ask.add_argument("bots", nargs="+")
     ask.set_defaults(do=query)

@@ -2,7 +2,7 @@
 # The road of the server browser, by accessible names: choose a server of the list, query it, see who plays, connect.
 #
 #   browser.sh             to a practice game that serves on loopback
-#   browser.sh HOST:PORT   to a server that runs there with game type 3, compared with what quakestat sees
+#   browser.sh HOST:PORT [options of browser.py]   to a server that runs there, compared with what quakestat sees
 #
 # With PICTURES=FOLDER it leaves pictures there.
 # shellcheck source-path=SCRIPTDIR disable=SC2119
@@ -48,7 +48,7 @@ else
     IFS='|' read -r _ _ host map slots count _ <<<"${seen%%$'\n'*}"
     mapfile -t players < <(tail -n +2 <<<"$seen" | cut -d '|' -f 1)
     ((${#players[@]} > 0)) || fail "nobody plays there: $seen"
-    expected=(--quakestat --name "$host" --players "$(printf '%5s' "$count/$slots")" --map "${map^^}" "${players[@]}")
+    expected=(--quakestat "${@:2}" --name "$host" --players "$(printf '%5s' "$count/$slots")" --map "${map^^}" "${players[@]}")
 fi
 printf '%s\r\n' '//' "Nobody Home|P|7|3/16|Free For All|Q3DM1|$nobody|" "Not Asked Yet|P|35|?|?|?|$server|" \
     >"$app/default.ghs"

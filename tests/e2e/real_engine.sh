@@ -54,6 +54,17 @@ end_engine() {
     ! is_running "$pid"
 }
 
+# Waits until the server answers with both bots.
+wait_for_bots() {
+    local tries
+    answer=
+    for ((tries = 0; tries < 120; tries++)); do
+        answer=$("$practice_game" --ask "127.0.0.1:$port" 2>/dev/null || true)
+        [[ $answer == *Angelyss* && $answer == *Dark* ]] && return
+        sleep 0.5
+    done
+}
+
 run_gatehouse "r $(program_path "$document")"
 expect_status 0
 expect_silence
@@ -61,12 +72,7 @@ expect_file "$game/baseoa/gatehouse.cfg"
 grep -qa g_gametype "$game/baseoa/gatehouse.cfg" && fail 'a game type for a mod that offers none'
 expect_logged 'found 2 mods.'
 
-answer=
-for ((tries = 0; tries < 120; tries++)); do
-    answer=$("$practice_game" --ask "127.0.0.1:$port" 2>/dev/null || true)
-    [[ $answer == *Angelyss* && $answer == *Dark* ]] && break
-    sleep 0.5
-done
+wait_for_bots
 engine_failed() {
     tail -n 30 "$scratch/engine.log" >&2
     fail "$1 in: $answer"
@@ -95,6 +101,14 @@ while read -r _ local_address _ _ _ _ _ _ _ inode _; do
     grep -qx "$inode" <<<"$sockets" || continue
     [[ $local_address == 0100007F:* ]] || fail "a socket on $local_address"
 done </proc/net/udp
+end_engine || fail 'the engine is still there'
+
+begin 'a server of game type 0 answers as often as it is asked, and stays alive'
+write_options 'extracmdline=+set g_gametype 0'
+run_gatehouse "r $(program_path "$document")"
+expect_status 0
+wait_for_bots
+"$e2e_dir/browser.sh" "127.0.0.1:$port" --endless --game 'Free For All' || fail 'the road of the server browser'
 end_engine || fail 'the engine is still there'
 
 case_name=
