@@ -2,11 +2,10 @@
 
 #include "servers/address_form.h"
 #include "window/widgets/binders.h"
+#include "window/widgets/field_grid.h"
 #include "window/widgets/follow.h"
 
 #include <QDialogButtonBox>
-#include <QGridLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -23,17 +22,12 @@ AddressDialog::AddressDialog(AddressForm& form, QWidget* parent)
     : FormDialog("q3newip", form.q3newip, parent), form_(form) {
     setWindowTitle(tr("  New IP Address"));
 
-    auto* fields = new QGridLayout;
-    fields->setHorizontalSpacing(kGap);
+    auto* fields = new FieldGrid;
     for (TextField* field : {&form.ip1, &form.port, &form.q3pwd}) {
         auto* line = new QLineEdit(this);
         bind(*line, *field);
         line->setMinimumWidth(kLineLetters * line->fontMetrics().averageCharWidth());
-        auto* caption = new QLabel(this);
-        bindCaption(*caption, *line, *field);
-        const int row = fields->rowCount();
-        fields->addWidget(caption, row, 0);
-        fields->addWidget(line, row, 1);
+        fields->addField(*field, *line);
     }
     listen(this, form.focusWanted, [this](const TextField& field) {
         auto* line = findChild<QLineEdit*>(QString::fromStdString(field.name()));

@@ -2,10 +2,11 @@
 
 #include "window/rules/bots_rules.h"
 #include "window/widgets/binders.h"
+#include "window/widgets/field_grid.h"
 #include "window/widgets/spin_text.h"
 
 #include <QComboBox>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
@@ -16,25 +17,27 @@ namespace gatehouse {
 namespace {
 
 constexpr int kEdge = 16;
-constexpr int kCaptionGap = 12;
 constexpr int kEditorLetters = 24;
+
+void addField(FieldGrid& grid, Field& field, QWidget& editor) {
+    editor.setMinimumWidth(kEditorLetters * editor.fontMetrics().averageCharWidth());
+    grid.addField(field, editor);
+}
 
 }  // namespace
 
 NewBotDialog::NewBotDialog(BotsRules& rules, QWidget* parent)
     : FormDialog("q3newbot", rules.q3newbot, parent), rules_(rules), name_(new QComboBox(this)) {
     setWindowTitle(tr("Add Bot"));
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(kCaptionGap);
-    grid->setColumnStretch(1, 1);
+    auto* grid = new FieldGrid;
     bind(*name_, rules.newbotname);
-    addRow(*grid, rules.newbotname, name_);
+    addField(*grid, rules.newbotname, *name_);
     auto* skill = new SpinText(this);
     bind(*skill, rules.newbotskill);
-    addRow(*grid, rules.newbotskill, skill);
+    addField(*grid, rules.newbotskill, *skill);
     auto* team = new QComboBox(this);
     bind(*team, rules.newbotteam);
-    addRow(*grid, rules.newbotteam, team);
+    addField(*grid, rules.newbotteam, *team);
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
@@ -55,16 +58,6 @@ NewBotDialog::NewBotDialog(BotsRules& rules, QWidget* parent)
     column->addLayout(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
     followForm();
-}
-
-void NewBotDialog::addRow(QGridLayout& grid, Field& field, QWidget* editor) {
-    editor->setMinimumWidth(kEditorLetters * fontMetrics().averageCharWidth());
-    auto* caption = new QLabel(this);
-    bindCaption(*caption, *editor, field);
-    showHint(*caption, field);
-    const int line = grid.rowCount();
-    grid.addWidget(caption, line, 0);
-    grid.addWidget(editor, line, 1);
 }
 
 void NewBotDialog::reject() { rules_.newbotcancel_Click(); }

@@ -3,7 +3,6 @@
 #include "window/dialogs/form_dialog.h"
 
 class QComboBox;
-class QGridLayout;
 
 namespace gatehouse {
 
@@ -24,7 +23,6 @@ protected:
     void comeUp() override;
 
 private:
-    void addRow(QGridLayout& grid, Field& field, QWidget* editor);
 
     BotsRules& rules_;
     QComboBox* name_;

@@ -4,12 +4,12 @@
 #include "startup/options.h"
 #include "window/rules/options_rules.h"
 #include "window/widgets/binders.h"
+#include "window/widgets/field_grid.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/spin_text.h"
 
 #include <QComboBox>
 #include <QFocusEvent>
-#include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,9 +20,7 @@ namespace gatehouse {
 
 namespace {
 
-constexpr int kRowGap = 6;
-constexpr int kCaptionGap = 12;
-constexpr int kSectionGap = 14;
+constexpr int kSectionGap = FieldGrid::kSectionGap;
 constexpr int kLineLetters = 44;
 constexpr int kSpinLetters = 10;
 constexpr int kClickMilliseconds = 10;
@@ -47,56 +45,31 @@ void OptionsDialog::reject() {
 
 QWidget* OptionsDialog::makeFields() {
     auto* fields = new QWidget(this);
-    auto* grid = new QGridLayout(fields);
-    grid->setContentsMargins({});
-    grid->setVerticalSpacing(kRowGap);
-    grid->setHorizontalSpacing(kCaptionGap);
-    grid->setColumnStretch(1, 1);
+    auto* grid = new FieldGrid(fields);
 
-    addHeading(*grid, "Game");
+    grid->addHeading("Game");
     QLineEdit* path = makeLine(form_.q3FilePath);
     path->setReadOnly(true);  // only a file that was chosen is stored
-    addRow(*grid, form_.q3FilePath, path,
+    grid->addField(form_.q3FilePath, *path,
            makeButton("q3GetFile", tr("&Browse..."), tr("Choose the game's program"), &OptionsRules::q3GetFile_Click));
-    addRow(*grid, form_.extracmdline, makeLine(form_.extracmdline));
-    addRow(*grid, form_.q3runoptions, makeList(form_.q3runoptions));
-    addRow(*grid, form_.q3pingwait, makeSpin(form_.q3pingwait));
+    grid->addField(form_.extracmdline, *makeLine(form_.extracmdline));
+    grid->addField(form_.q3runoptions, *makeList(form_.q3runoptions));
+    grid->addField(form_.q3pingwait, *makeSpin(form_.q3pingwait));
 
-    addHeading(*grid, "Files and Logs");
+    grid->addHeading("Files and Logs");
     ghcdir_ = makeLine(form_.ghcdir);
     ghcdir_->installEventFilter(this);
     // A button that is pressed by its shortcut leaves the focus in the line.
     connect(ghcdir_, &QLineEdit::textEdited, this, [this] { folderOpen_ = true; });
     QPushButton* browse = makeButton("ghcdirBrowse", tr("Br&owse..."), tr("Choose the folder of the documents"));
     connect(browse, &QPushButton::clicked, this, &OptionsDialog::browseFolder);
-    addRow(*grid, form_.ghcdir, ghcdir_, browse);
-    addRow(*grid, form_.q3startwith, makeList(form_.q3startwith));
-    addRow(*grid, form_.q3overwrite, makeList(form_.q3overwrite));
-    addRow(*grid, form_.q3loglevel, makeList(form_.q3loglevel));
-    addRow(*grid, form_.q3keeplogs, makeSpin(form_.q3keeplogs));
-    addRow(*grid, form_.q3buffsize, makeSpin(form_.q3buffsize));
+    grid->addField(form_.ghcdir, *ghcdir_, browse);
+    grid->addField(form_.q3startwith, *makeList(form_.q3startwith));
+    grid->addField(form_.q3overwrite, *makeList(form_.q3overwrite));
+    grid->addField(form_.q3loglevel, *makeList(form_.q3loglevel));
+    grid->addField(form_.q3keeplogs, *makeSpin(form_.q3keeplogs));
+    grid->addField(form_.q3buffsize, *makeSpin(form_.q3buffsize));
     return fields;
-}
-
-void OptionsDialog::addHeading(QGridLayout& grid, std::string_view heading) {
-    auto* label = new QLabel(shown(heading), this);
-    label->setTextFormat(Qt::PlainText);
-    QFont bold = label->font();
-    bold.setBold(true);
-    label->setFont(bold);
-    if (grid.count() > 0) label->setContentsMargins(0, kSectionGap, 0, 0);
-    grid.addWidget(label, grid.rowCount(), 0, 1, 3);
-}
-
-void OptionsDialog::addRow(QGridLayout& grid, Field& field, QWidget* editor, QWidget* behind) {
-    auto* caption = new QLabel(this);
-    bindCaption(*caption, *editor, field);
-    showHint(*caption, field);
-    const int line = grid.rowCount();
-    grid.addWidget(caption, line, 0);
-    const bool wide = qobject_cast<QLineEdit*>(editor) && !behind;
-    grid.addWidget(editor, line, 1, 1, wide ? 2 : 1, wide || behind ? Qt::Alignment() : Qt::AlignLeft);
-    if (behind) grid.addWidget(behind, line, 2);
 }
 
 QLineEdit* OptionsDialog::makeLine(TextField& field) {
@@ -109,12 +82,14 @@ QLineEdit* OptionsDialog::makeLine(TextField& field) {
 QWidget* OptionsDialog::makeSpin(TextField& field) {
     auto* spin = new SpinText(this);
     bind(*spin, field);
+    spin->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     spin->setMinimumWidth(qMax(spin->sizeHint().width(), kSpinLetters * spin->fontMetrics().averageCharWidth()));
     return spin;
 }
 
 QWidget* OptionsDialog::makeList(ListField& field) {
     auto* list = new QComboBox(this);
+    list->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     bind(*list, field);
     return list;
 }

@@ -6,7 +6,6 @@
 #include <string_view>
 
 class QBoxLayout;
-class QGridLayout;
 class QLineEdit;
 class QPushButton;
 
@@ -34,8 +33,6 @@ private:
     using Command = void (OptionsRules::*)();
 
     QWidget* makeFields();
-    void addHeading(QGridLayout& grid, std::string_view heading);
-    void addRow(QGridLayout& grid, Field& field, QWidget* editor, QWidget* behind = nullptr);
     QLineEdit* makeLine(TextField& field);
     QWidget* makeSpin(TextField& field);
     QWidget* makeList(ListField& field);

@@ -1,13 +1,13 @@
 #include "window/tabs/settings_form.h"
 
 #include "platform/qt/shown_text.h"
+#include "window/widgets/field_grid.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/spin_text.h"
 #include "window/widgets/wheel_guard.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -21,9 +21,8 @@ namespace gatehouse {
 
 namespace {
 
-constexpr int kRowGap = 6;
-constexpr int kCaptionGap = 12;
-constexpr int kSectionGap = 14;
+constexpr int kRowGap = FieldGrid::kRowGap;
+constexpr int kSectionGap = FieldGrid::kSectionGap;
 constexpr int kColumnGap = 32;
 /// Sizes of widgets in letters, so that they grow with the font.
 constexpr int kWidestForm = 150;
@@ -84,49 +83,34 @@ SettingsForm::SettingsForm(const FormPlan& plan, QWidget* parent) : QScrollArea(
 
 QWidget* SettingsForm::makeColumn(const std::vector<FormSection>& sections) {
     auto* column = new QWidget;
-    auto* grid = new QGridLayout(column);
-    grid->setContentsMargins({});
-    grid->setVerticalSpacing(kRowGap);
-    grid->setHorizontalSpacing(kCaptionGap);
-    grid->setColumnStretch(1, 1);
+    auto* grid = new FieldGrid(column);
     for (const FormSection& section : sections) {
-        addHeading(*grid, section.heading);
+        grid->addHeading(section.heading);
         for (const FormRow& row : section.rows) addRow(*grid, row);
     }
     grid->setRowStretch(grid->rowCount(), 1);
     return column;
 }
 
-void SettingsForm::addHeading(QGridLayout& grid, std::string_view heading) {
-    auto* label = new QLabel(shown(heading));
-    label->setTextFormat(Qt::PlainText);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
-    if (grid.count() > 0) label->setContentsMargins(0, kSectionGap, 0, 0);
-    grid.addWidget(label, grid.rowCount(), 0, 1, 2);
-}
-
-void SettingsForm::addRow(QGridLayout& grid, const FormRow& row) {
+void SettingsForm::addRow(FieldGrid& grid, const FormRow& row) {
     QWidget* cell = makeEditor(row);
     Field& captioned = row.lock ? *row.lock : row.field;
     const QString name = shown(captioned.spec().name);
     QWidget* editor = cell->objectName() == name ? cell : cell->findChild<QWidget*>(name);
 
-    auto* caption = new QLabel;
+    QWidget* filled = row.behind ? sideBySide(cell, row.behind, cell) : cell;
+    QLabel* caption = nullptr;
     if (row.title) {
+        caption = new QLabel;
         bind(*caption, *row.title);
         caption->setBuddy(editor);
+        showHint(*caption, captioned);
+        grid.addRow(*caption, *filled);
     } else {
-        bindCaption(*caption, *editor, captioned);
+        caption = grid.addField(captioned, *editor, *filled);
     }
-    showHint(*caption, captioned);
     caption->installEventFilter(this);
-
-    const int line = grid.rowCount();
-    grid.addWidget(caption, line, 0);
-    grid.addWidget(row.behind ? sideBySide(cell, row.behind, cell) : cell, line, 1);
-    if (row.below) grid.addWidget(row.below, line + 1, 1);
+    if (row.below) grid.addWidget(row.below, grid.rowCount(), 1);
 }
 
 QWidget* SettingsForm::makeEditor(const FormRow& row) {

@@ -9,9 +9,10 @@
 #include <vector>
 
 class QBoxLayout;
-class QGridLayout;
 
 namespace gatehouse {
+
+class FieldGrid;
 
 /// One row of a form: a field, and where its row is more than a caption and the field's widget.
 struct FormRow {
@@ -59,8 +60,7 @@ protected:
 
 private:
     QWidget* makeColumn(const std::vector<FormSection>& sections);
-    void addHeading(QGridLayout& grid, std::string_view heading);
-    void addRow(QGridLayout& grid, const FormRow& row);
+    void addRow(FieldGrid& grid, const FormRow& row);
     /// The widget that edits the field of a row, bound to it.
     QWidget* makeEditor(const FormRow& row);
     QWidget* makeText(TextField& field, Typed typed);
