@@ -63,29 +63,6 @@ TEST(OpenCommand, AsksWhatBecomesOfChanges) {
     }
 }
 
-TEST(OpenCommand, AModeThatCantBeShownIsNoFailure) {
-    DocumentDesk desk;
-    desk.world.files.put("C:\\gh\\two.ghc", "seta sensitivity \"7\"\r\n");
-    desk.world.dialogs.choose("C:\\gh\\two.ghc");
-    desk.host.failOnGroup = true;
-    desk.documents.mfileopen_Click();
-    EXPECT_EQ(desk.doc.sensitivity.text(), "7");
-}
-
-TEST(SaveCommand, StartsFromTheLastStoredFile) {
-    DocumentDesk desk;
-    for (const auto& [stored, proposed] : {std::pair("", "C:\\gh\\default.ghc"),
-                                           {"   ", "C:\\gh\\default.ghc"},
-                                           {"C:\\docs\\last.ghc", "C:\\docs\\last.ghc"}}) {
-        if (*stored != '\0') desk.world.settings.values["lastcfg"] = stored;
-        desk.world.dialogs.choose(std::nullopt);
-        desk.documents.mfilesave_Click();
-        EXPECT_EQ(desk.world.dialogs.fileDialogs.back().fileName, proposed);
-        EXPECT_EQ(desk.run.CurrentConfigPath, proposed);
-    }
-    EXPECT_TRUE(desk.world.files.paths().empty());
-}
-
 TEST(SaveCommand, AsksBeforeItOverwritesWhenThatIsChosen) {
     struct Case {
         int overwrite;

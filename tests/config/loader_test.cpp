@@ -149,15 +149,6 @@ TEST(Loader, MapsBotsAndTheirBlanks) {
     EXPECT_EQ(desk.doc.MapCount, 0);
 }
 
-TEST(Loader, TheRotationIsOrderedByTheTextOfItsPositions) {
-    DocumentDesk desk;
-    desk.load(std::vector<std::string>(1001, "maps m \"M\""));
-    EXPECT_EQ(desk.doc.maplist.at(100).position, "100");
-    EXPECT_EQ(desk.doc.maplist.at(101).position, "1000");
-    EXPECT_EQ(desk.doc.maplist.at(102).position, "1001");
-    EXPECT_EQ(desk.doc.maplist.at(103).position, "101");
-}
-
 TEST(Loader, BindingsOfOthersStay) {
     DocumentDesk desk;
     desk.load({"bind X|W \"Move Forward|kw\"", "bind S|S \"Move Back|ks\""});

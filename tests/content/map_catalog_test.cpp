@@ -66,20 +66,6 @@ TEST_F(MapCatalogTest, ReadsUserMapsLineByLine) {
     EXPECT_EQ(node("AE32").text, "last ");
 }
 
-TEST_F(MapCatalogTest, UserMapsComeBackAsTheyWere) {
-    const std::string name = fake::highBytes();
-    loadUserMaps("# " + name + "\r\n" + name + " d\r\nmixedCase  two blanks \r\nbroken\r\n");
-    catalog.saveUserMaps();
-    const std::string saved = content();
-    EXPECT_TRUE(saved.ends_with("//\r\n# " + name + "\r\n" + name + " d\r\nmixedCase  two blanks \r\n"));
-    EXPECT_EQ(splitLines(saved).size(), 14u + 3u);
-    EXPECT_EQ(world.log.lines.back(), "3 maps written OK");
-    catalog.loadStandardMaps();
-    catalog.loadUserMaps();
-    catalog.saveUserMaps();
-    EXPECT_EQ(content(), saved);
-}
-
 TEST_F(MapCatalogTest, FilesThatCantBeOpenedCostALogLine) {
     catalog.loadUserMaps();
     EXPECT_EQ(world.log.lines.back(), "Couldn't open usermaps.txt");

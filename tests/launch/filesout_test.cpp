@@ -132,25 +132,5 @@ TEST_F(GameConfigTest, RandomBotsSplitIntoTeams) {
     }
 }
 
-TEST_F(GameConfigTest, ModBlockNeedsDeclaredOptionsOnly) {
-    chooseMod("Bare", "bare");
-    EXPECT_TRUE(startingWith(playerLines(), "// Game Settings - ").empty());
-    chooseMod("Full", "full",
-              {modOption("Checkbox", "odd", "true", false, true), modOption("checkbox", "check", "1", false, true)});
-    const auto text = playerLines();
-    EXPECT_EQ(valueOf(text, "seta odd"), "\"true\"");
-    EXPECT_EQ(valueOf(text, "seta check"), "\"0\"");
-    EXPECT_EQ(text[text.size() - 2], "// End Full Settings.");
-}
-
-TEST_F(GameConfigTest, NoModelAndAKeyWithoutAButtonFail) {
-    host.model = "A\\B\\C";
-    EXPECT_EQ(valueOf(playerLines(), "model"), "\"a/b\\c\"");
-    host.model.clear();
-    EXPECT_THROW(playerLines(), RuntimeFailure);
-    setTag("Jump", "kspace");
-    EXPECT_THROW(lines(&GameConfig::WriteKeyBindings), RuntimeFailure);
-}
-
 }  // namespace
 }  // namespace gatehouse

@@ -115,15 +115,5 @@ TEST_F(AliasTest, TheWriterTakesKeywordsInAnyCase) {
               fake::crlf({"", "// Alias: Loud", "", "Bind q shout"}));
 }
 
-TEST_F(AliasTest, AScriptHoldsNinetyNineKeys) {
-    std::vector<std::string> lines = {"#def \"A\""};
-    for (int i = 1; i <= 99; ++i) lines.push_back("#key \"" + std::to_string(i) + "\"");
-    lines.insert(lines.end(), {"bind #99 last", "#end"});
-    const std::vector<std::string> tags(99, "kz");
-    EXPECT_EQ(written(lines, tags), fake::crlf({"", "// Alias: A", "", "bind z last"}));
-    lines.insert(lines.begin() + 1, "#key \"one more\"");
-    EXPECT_THROW(written(lines, tags), RuntimeFailure);
-}
-
 }  // namespace
 }  // namespace gatehouse

@@ -46,20 +46,6 @@ TEST(ModFile, ReadsAllThatAMultiplayerModDeclares) {
     EXPECT_EQ(mod->modKeys[0].key + "/" + mod->modKeys[0].cmd, "Hook/+hook");
 }
 
-TEST(ModFile, GameTypeTakesOneCharacterAndCutsTwo) {
-    struct Case {
-        const char* value;
-        std::size_t number;
-        const char* name;
-    };
-    const Case cases[] = {{"12 x", 1, " x"}, {"A x", 0, "x"}, {"9x", 9, ""}, {"-1 x", 0, " x"}, {"0\tFFA", 0, "FFA"}};
-    for (const Case& one : cases) {
-        const auto mod = parse(std::string("gtype ") + one.value + "\r\n");
-        ASSERT_TRUE(mod) << one.value;
-        EXPECT_EQ(mod->gtype[one.number], one.name) << one.value;
-    }
-}
-
 TEST(ModFile, AFaultRejectsTheWholeFile) {
     // Nothing behind the keyword, attributes of nothing, numbers out of range or too short to be cut, a value too far.
     const std::string faults[] = {"checkbox",    "nonsense", "listitems a|b", "text x",
@@ -71,16 +57,6 @@ TEST(ModFile, AFaultRejectsTheWholeFile) {
     for (const char* line : optionFaults) EXPECT_FALSE(parse(std::string("checkbox c\r\n") + line)) << line;
     EXPECT_TRUE(parse("checkbox \r\nname \r\n"));
     EXPECT_TRUE(parse("cvars none\r\n"));
-}
-
-TEST(ModFile, AMissingFileIsABlankModAndADeniedOneIsNone) {
-    fake::MemoryFiles files;
-    ModEntry entry;
-    EXPECT_TRUE(parseModFile(files, kPath, entry));
-    EXPECT_EQ(entry.name, "");
-    files.put(kPath, "name x");
-    files.denied.insert("c:\\gh\\mods\\x.ghm");
-    EXPECT_FALSE(parseModFile(files, kPath, entry));
 }
 
 TEST(ModFile, ReachesOnlyWhatIsDeclaredAndThere) {

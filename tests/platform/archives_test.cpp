@@ -52,32 +52,6 @@ protected:
     Names listed;
 };
 
-TEST_F(ArchivesTest, ListsNamesAsStoredInTheirOrder) {
-    const std::string longest(4096, 'n');
-    make({{"vm/qagame.qvm"}, {"Maps/\xC4 b.bsp"}, {"..\\..\\x"}, {"/etc/x"}, {"maps/"}, {longest}, {longest + "n"},
-          {"a"}});
-    EXPECT_TRUE(list());
-    EXPECT_EQ(listed, (Names{"vm/qagame.qvm", "Maps/\xC4 b.bsp", "..\\..\\x", "/etc/x", "maps/", longest, "a"}));
-}
-
-TEST_F(ArchivesTest, DamagedArchivesListNothing) {
-    make({{"maps/a.bsp", std::string(5000, 'a')}, {"maps/b.bsp", "b"}});
-    const std::string whole = scratch.content("Pak.PK3");
-    std::string directory = whole;
-    directory.replace(directory.find("PK\1\2"), 4, "PK\1\3");
-    for (const std::string& damaged : {whole.substr(0, whole.size() - 30), whole.substr(0, 60), std::string("text"),
-                                       std::string(), std::string(3000, '\0'), directory}) {
-        scratch.put("Pak.PK3", damaged);
-        EXPECT_FALSE(list());
-        EXPECT_FALSE(extract("maps/b.bsp"));
-        EXPECT_EQ(listed, Names{});
-    }
-    std::filesystem::remove(scratch.native("Pak.PK3"));
-    EXPECT_FALSE(list());
-    scratch.makeFolder("Pak.PK3");
-    EXPECT_FALSE(list());
-}
-
 TEST_F(ArchivesTest, ExtractsBelowTheFolder) {
     make({{"maps/Q3DM1.bsp", "map"}, {"maps\\back.bsp", "back"}, {"LevelShots//./x.jpg", "picture"}, {"top", ""},
           {"maps/huge", std::string(3'000'000, 'h')}});

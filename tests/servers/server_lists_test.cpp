@@ -52,34 +52,6 @@ TEST_F(ServerListsTest, LoadsARecordAndPadsItsPing) {
     EXPECT_THROW(serverColumn(row, 8), RuntimeFailure);
 }
 
-TEST_F(ServerListsTest, CountsLinesThatLookLikeRecordsAndKeepsThoseThatAre) {
-    struct Case {
-        std::string line;
-        int counted;
-        int rows;
-    };
-    const std::string rest = "|3/16|CTF|Q3CTF1|1.2.3.4:1|";
-    const Case cases[] = {
-        {"", 0, 0},
-        {"a|P|b|", 0, 0},            // six characters
-        {"ab|P|c|", 1, 0},           // five bars are missing
-        {"//|P|1|2|3|4|5|", 0, 0},   // a comment
-        {" //|P|1|2|3|4|5|", 1, 1},  // none
-        {"no record at all", 0, 0},
-        {"a|P|9999" + rest, 1, 1},
-        {"a|P|10000" + rest, 1, 0},  // a ping too long for its column
-        {"a|P|" + rest, 1, 1},
-        {"|P||||||", 1, 1},
-        {"a|P|1|P|2|3|4|5", 1, 1},
-    };
-    for (const Case& one : cases) {
-        load(one.line + "\r\n");
-        EXPECT_EQ(iplist.count(), one.rows) << one.line;
-        EXPECT_EQ(world.log.lines.back(), std::to_string(one.counted) + " servers parsed OK") << one.line;
-        EXPECT_EQ(rowButtons(), one.rows > 0) << one.line;
-    }
-}
-
 TEST_F(ServerListsTest, WithoutAnyFileTheTableIsEmptyAndTheFlagStays) {
     load("a|P|1|2|3|4|5|6\r\n");
     run.ServerListChanged = true;

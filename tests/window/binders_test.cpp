@@ -127,21 +127,5 @@ TEST_F(BindersTest, ShowingAValueNeverChangesIt) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(BindersTest, StatesAndHintsFollowTheField) {
-    auto& box = find<QCheckBox>("q3pure");
-    EXPECT_EQ(box.accessibleDescription(), "Only <b>pure</b> & simple.");
-    EXPECT_TRUE(box.toolTip().contains("&lt;b&gt;pure&lt;/b&gt; &amp; simple."));
-    EXPECT_EQ(box.accessibleName(), "Pure Server");
-    QLabel caption(&window);
-    bindCaption(caption, box, pure);
-    EXPECT_EQ(caption.buddy(), &box);
-    pure.visible.set(false);
-    pure.enabled.set(false);
-    EXPECT_TRUE(box.isHidden() && caption.isHidden());
-    EXPECT_FALSE(box.isEnabled() || caption.isEnabled());
-    pure.restoreDesign();
-    EXPECT_FALSE(box.isHidden() || !box.isEnabled());
-}
-
 }  // namespace
 }  // namespace gatehouse

@@ -53,19 +53,6 @@ protected:
     MainWindow window{program};
 };
 
-TEST_F(MainWindowTest, TheMouseChoosesModesAndTabs) {
-    QTest::mouseClick(&find("sbar3"), Qt::LeftButton);
-    EXPECT_EQ(program.run.CurrentMode.get(), kDedicated);
-    EXPECT_EQ(frameOnShow(), "server");
-    EXPECT_TRUE(find("sbarlist3").isVisible());
-    EXPECT_FALSE(find("sbarlist1").isVisible());
-    click(find<TabList>("sbarlist3"), 2);
-    EXPECT_EQ(frameOnShow(), "maps");
-    QTest::mouseClick(&find("sbar3"), Qt::LeftButton);  // once more: its header stays down
-    EXPECT_TRUE(find<QToolButton>("sbar3").isChecked());
-    EXPECT_FALSE(find<QToolButton>("sbar1").isChecked());
-}
-
 TEST_F(MainWindowTest, TheKeyboardChoosesModesAndTabs) {
     auto& connectTabs = find<TabList>("sbarlist1");
     connectTabs.setFocus();
@@ -87,23 +74,6 @@ TEST_F(MainWindowTest, TheKeyboardChoosesModesAndTabs) {
     EXPECT_EQ(find<TabList>("sbarlist1").selectionModel()->selectedIndexes().size(), 1);
 }
 
-TEST_F(MainWindowTest, MenuAndToolBarFollowTheRunFlag) {
-    EXPECT_FALSE(find<QAction>("mfilerun").isEnabled());  // no server in the list
-    program.rules.modes.sbar_GroupClick(kListen);         // the document has maps
-    EXPECT_TRUE(find<QAction>("mfilerun").isEnabled());
-    EXPECT_TRUE(find<QToolButton>("Run").isEnabled());
-    QTest::keyClick(&window, Qt::Key_R, Qt::ControlModifier);
-    EXPECT_EQ(world.processes.started.size(), 1u);
-    for (int i = 0; i < 3; ++i) world.dialogs.choose(std::nullopt);
-    QTest::mouseClick(&find<QToolButton>("Open"), Qt::LeftButton);
-    for (const char* ofTheServers : {"Open", "Save"}) find<QAction>(ofTheServers).trigger();
-    ASSERT_EQ(world.dialogs.fileDialogs.size(), 3u);
-    EXPECT_EQ(world.dialogs.fileDialogs[1].title + world.dialogs.fileDialogs[1].mustExist, "Open Server Listtxt");
-    EXPECT_EQ(world.dialogs.fileDialogs[2].title, "Save Server List");
-    Q_EMIT find<QTreeView>("iplist").header()->sectionClicked(3);
-    EXPECT_EQ(program.servers.commands.SortColumn, 3);
-}
-
 TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
     auto& console = find<QPlainTextEdit>("q3console");
     auto& entry = find<QAction>("mtoolsconsole");
@@ -119,16 +89,6 @@ TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
     EXPECT_FALSE(console.isVisible() || entry.isChecked());
     EXPECT_EQ(window.size(), before);
     EXPECT_EQ(world.settings.values["showconsole"], "False");
-}
-
-TEST_F(MainWindowTest, WhatAPersonAddedToTheWindowStays) {
-    program.startup.q3.width.set(5000);
-    EXPECT_EQ(window.width(), pixels(5000));
-    window.resize(pixels(5000) + 60, window.height());
-    program.startup.q3.width.set(5500);
-    EXPECT_EQ(window.width(), pixels(5500) + 60);
-    program.startup.q3.width.set(50000);
-    EXPECT_LE(window.width(), window.screen()->availableSize().width());
 }
 
 TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscapeAndByItsButtons) {

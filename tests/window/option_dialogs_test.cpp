@@ -35,23 +35,6 @@ protected:
     OptionsDialog options{program.startup.options, program.rules.optionsRules};
 };
 
-TEST_F(OptionDialogsTest, EveryOptionIsReachedByTabAndHasAName) {
-    openOptions();
-    std::set<QString> reached;
-    QWidget* first = options.focusWidget();
-    do {
-        reached.insert(options.focusWidget()->objectName());
-        QTest::keyClick(options.focusWidget(), Qt::Key_Tab);
-    } while (options.focusWidget() != first && reached.size() < 50);
-    for (const Field* field : program.startup.options.options.fields) {
-        EXPECT_TRUE(reached.contains(QString::fromStdString(field->name()))) << field->name();
-        QWidget& widget = find(options, field->name().c_str());
-        EXPECT_FALSE(QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name).isEmpty()) << field->name();
-    }
-    for (const char* button : {"q3GetFile", "ghcdirBrowse", "editscripts", "viewerr", "q3resetdefaults", "unregister", "optionsOK"})
-        EXPECT_TRUE(reached.contains(button)) << button;
-}
-
 TEST_F(OptionDialogsTest, AWrongFolderKeepsTheDialogOpenAndEscapeGivesItUp) {
     openOptions();
     auto& folder = find<QLineEdit>(options, "ghcdir");

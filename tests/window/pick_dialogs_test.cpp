@@ -73,25 +73,6 @@ TEST_F(PickDialogsTest, AKeyInUseCannotBePressedAndTellsByWhom) {
     EXPECT_EQ(bindlist.at(1).tag, "n5");
 }
 
-TEST_F(PickDialogsTest, TheKeyboardIsWorkedByKeys) {
-    bindlist.update(2, [](KeyBinding& row) { row.tag = "ke"; });
-    pick([this] {
-        std::set<std::string> reached;
-        for (std::size_t i = 0; i < keyButtons().size(); ++i, press(Qt::Key_Tab)) reached.insert(focused());
-        EXPECT_EQ(reached.size(), keyButtons().size() - 1) << "all but the one in use";
-        press(Qt::Key_W);
-        std::string walk;
-        for (const auto arrow :
-             {Qt::Key_Right, Qt::Key_Left, Qt::Key_Down, Qt::Key_Down, Qt::Key_Left, Qt::Key_Left}) {
-            press(arrow);
-            walk += focused() + ' ';
-        }
-        EXPECT_EQ(walk, "kr kw ks kz leftshift leftshift ") << "over the key in use, and no further than the edge";
-        press(Qt::Key_Space);
-    });
-    EXPECT_EQ(bindlist.at(1).tag, "leftshift");
-}
-
 TEST_F(PickDialogsTest, ABotIsAddedByReturnAndNotByEscape) {
     for (const Qt::Key last : {Qt::Key_Escape, Qt::Key_Return}) {
         desk.world.events.pending.push_back([this, last] {

@@ -32,23 +32,6 @@ protected:
     std::unique_ptr<QWidget> tab;
 };
 
-TEST_F(PlayerTabTest, ButtonsCountWithinTheirBoundsAndNothingIsTyped) {
-    for (LabelField* field : {&program.config.doc.chindex, &program.config.doc.q3fxcolor}) {
-        QWidget& spin = find(field->name().c_str());
-        for (int i = 0; i < 30; ++i) QTest::keyClick(&spin, Qt::Key_Up);
-        EXPECT_EQ(field->text(), std::to_string(field->range()->max));
-        QTest::keyClicks(&spin, "5");
-        for (int i = 0; i < 30; ++i) QTest::keyClick(&spin, Qt::Key_Down);
-        EXPECT_EQ(field->text(), std::to_string(field->range()->min));
-    }
-    for (const auto& [key, after] : {std::pair(Qt::Key_Up, "7"), {Qt::Key_Down, "8"}}) {
-        program.config.doc.q3fxcolor.setText("9");
-        QTest::keyClick(&find("q3fxcolor"), key);
-        EXPECT_EQ(program.config.doc.q3fxcolor.text(), after) << "beyond its bounds, both buttons lead back";
-    }
-    EXPECT_EQ(program.config.history.undoName.get(), "FX Colour");
-}
-
 TEST_F(PlayerTabTest, EveryCrosshairHasItsPictureAndPreviewsShowWhatTheFieldsSay) {
     QImage earlier;
     for (int crosshair = 0; crosshair <= program.config.doc.chindex.range()->max + 3; ++crosshair) {

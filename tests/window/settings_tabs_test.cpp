@@ -121,18 +121,5 @@ TEST_F(SettingsTabsTest, TabGoesThroughTheFieldsDownwardsAndScrollsToThem) {
     EXPECT_EQ(stops + 1, static_cast<int>(doc.server.fields.size()));  // not the label, but the button of the mods
 }
 
-TEST_F(SettingsTabsTest, ACaptionComesAndGoesWithItsFieldAndTicksItsBox) {
-    auto* box = tabs[0]->findChild<QCheckBox*>("fgame");
-    for (QLabel* label : tabs[0]->findChildren<QLabel*>()) {
-        if (label->buddy() != box) continue;
-        QTest::mouseClick(label, Qt::LeftButton);
-        EXPECT_EQ(doc.fgame.value(), 1);
-        doc.fgame.visible.set(false);
-        EXPECT_TRUE(label->isHidden() && box->isHidden());
-        return;
-    }
-    ADD_FAILURE() << "no caption";
-}
-
 }  // namespace
 }  // namespace gatehouse

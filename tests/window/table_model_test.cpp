@@ -103,25 +103,6 @@ TEST_P(Walk, TheViewMirrorsEveryChangeOfTheTable) {
 
 INSTANTIATE_TEST_SUITE_P(ListAndTree, Walk, testing::Bool());
 
-TEST(TableView, KeysMoveTheCurrentRowSelectAllAndOnlyAPersonsChoiceIsTold) {
-    Rows rows;
-    for (const char* text : {"one", "two", "three"}) rows.append({text, {}});
-    TableView view(new TableModel(rows, listLook()), QAbstractItemView::ExtendedSelection);
-    std::vector<int> chosen;
-    QObject::connect(&view, &TableView::rowChosen, &view, [&chosen](int position) { chosen.push_back(position); });
-    view.show();
-    rows.setCurrent(2);
-    QTest::keyClick(&view, Qt::Key_Down);
-    EXPECT_EQ(rows.current(), 3);
-    rows.remove(3);
-    EXPECT_EQ(rows.current(), 2);
-    EXPECT_EQ(chosen, std::vector<int>{3});
-    QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(rows.selectedCount(), 2);
-    rows.selectNone();
-    EXPECT_FALSE(view.selectionModel()->hasSelection());
-}
-
 TEST(TableView, OnlyADoubleClickOrReturnOpensARowWhateverTheDesktopsWay) {
     struct OneClickStyle : QProxyStyle {
         int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

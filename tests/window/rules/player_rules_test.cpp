@@ -25,16 +25,5 @@ TEST(PlayerRules, TheNameIsShownAsTheGameColoursIt) {
     }
 }
 
-TEST(PlayerRules, PreviewsFollow) {
-    SettingsDocument doc;
-    PlayerRules rules(doc);
-    for (const auto& [text, picture] : {std::pair("7", 8), {"-3", 1}, {"soup", 1}, {"1e300", 32768}}) {
-        doc.chindex.setText(text);
-        EXPECT_EQ(rules.chpic.get(), picture) << text;
-    }
-    for (const std::string text : {"4", "9", "0", "3.5", ""}) doc.q3fxcolor.setText(text);
-    EXPECT_EQ(rules.fxpreview.get(), kRed);
-}
-
 }  // namespace
 }  // namespace gatehouse

@@ -53,23 +53,6 @@ TEST_F(ServerRulesTest, EachTypeHasItsOwnLimitsAndShowsItsOwnFields) {
     EXPECT_TRUE(doc.ui_ctf_capturelimit.value() == 51 && doc.ui_team_fraglimit.value() == 41);
 }
 
-TEST_F(ServerRulesTest, WhatIsTypedStaysAsTypedAndTheOtherFieldStays) {
-    doc.timelimit.setText("07");
-    doc.fraglimit.setText(" 030");
-    EXPECT_TRUE(doc.fraglimit.text() == " 030" && doc.timelimit.text() == "07" && doc.ui_ffa_fraglimit.value() == 30);
-    doc.ui_ffa_fraglimit.setValue(5);
-    EXPECT_TRUE(doc.fraglimit.text() == "5" && doc.timelimit.text() == "07");
-    // Positions beyond the fourth take no part.
-    doc.q3gametype.setIndex(4);
-    EXPECT_EQ(doc.fraglimit.text(), "5");
-    doc.fraglimit.setText("77");
-    doc.fgame.setValue(1);
-    doc.q3gametype.setIndex(5);
-    EXPECT_EQ(doc.fraglimit.text(), "77");
-    doc.q3gametype.setIndex(0);
-    EXPECT_TRUE(doc.fraglimit.text() == "5" && doc.ui_ctf_friendly.value() == 0);
-}
-
 TEST_F(ServerRulesTest, HunkSize) {
     for (const std::string text : {"25", "", "x56", "25.9"}) {
         desk.world.dialogs.answer("Invalid Parameter", Answer::Ok);
