@@ -1,6 +1,7 @@
 #include "base/numbers.h"
 
 #include "base/runtime_failure.h"
+#include "base/text.h"
 
 #include <gtest/gtest.h>
 
@@ -35,6 +36,19 @@ TEST(Numbers, StrictConversionRoundsTiesToEvenAndRefusesTheRest) {
     EXPECT_THROW(strictBoolean("yes"), RuntimeFailure);
     EXPECT_THROW(valInt16("99999"), RuntimeFailure);
     EXPECT_THROW(addInt16(32767, 1), RuntimeFailure);
+}
+
+TEST(Text, CutsFailForNegativeLengthsAndAreBoundedOtherwise) {
+    EXPECT_EQ(mid("abcdef", 3, 2), "cd");
+    EXPECT_EQ(mid("abc", 3, 100), "c");
+    EXPECT_EQ(mid("abc", 9, 1), "");
+    EXPECT_EQ(right("abc", 9), "abc");
+    EXPECT_EQ(cut("maps/q3dm1.bsp", 5, 4), "q3dm1");
+    EXPECT_EQ(cut("ab", 2, 0), "");
+    EXPECT_THROW(cut("a", 2, 0), RuntimeFailure);
+    EXPECT_THROW(left("abc", -1), RuntimeFailure);
+    EXPECT_THROW(mid("abc", 0, 1), RuntimeFailure);
+    EXPECT_THROW(padLeft("12345", 4), RuntimeFailure);
 }
 
 }  // namespace

@@ -75,6 +75,7 @@ TEST(SaveCommand, AsksBeforeItOverwritesWhenThatIsChosen) {
                             {1, {}, true},
                             {-1, {}, true}}) {
         DocumentDesk desk;
+        desk.world.settings.values["lastcfg"] = "C:\\gh\\stored.ghc";  // where the dialog starts from
         desk.options.q3overwrite.setIndex(one.overwrite);
         desk.world.files.put("C:\\gh\\Old.ghc", "old");
         for (const Answer answer : one.answers) {
@@ -84,7 +85,8 @@ TEST(SaveCommand, AsksBeforeItOverwritesWhenThatIsChosen) {
         if (one.answers.empty()) desk.world.dialogs.choose("C:\\gh\\Old.ghc");
         desk.documents.mfilesave_Click();
         EXPECT_EQ(desk.world.files.content("C:\\gh\\Old.ghc") != "old", one.saved);
-        EXPECT_EQ(desk.world.settings.values.contains("lastcfg"), one.saved);
+        EXPECT_EQ(desk.world.dialogs.fileDialogs.front().fileName, "C:\\gh\\stored.ghc");
+        EXPECT_EQ(desk.world.settings.values["lastcfg"], one.saved ? "C:\\gh\\Old.ghc" : "C:\\gh\\stored.ghc");
         EXPECT_EQ(desk.run.title.get(), one.saved ? "c:\\gh\\old.ghc" : "Gatehouse: ");
         EXPECT_EQ(desk.world.dialogs.shown.size(), one.answers.size());
     }

@@ -130,25 +130,6 @@ TEST(Loader, AfterTheDefaultDocument) {
     EXPECT_TRUE(desk.flags.mtool1[1].get() && desk.flags.mtool1[2].get() && desk.flags.mtool2[1].get());
 }
 
-TEST(Loader, MapsBotsAndTheirBlanks) {
-    DocumentDesk desk;
-    desk.load({"maps my map \"Its Name\"", "maps b \"B\"", "bots Sarge \"3Red\"", "bots Big Al \"1Blue\"", "bots x "});
-    EXPECT_EQ(desk.doc.maplist.at(1).name, "MY");
-    EXPECT_EQ(desk.doc.maplist.at(1).description, "map \"Its Name");
-    EXPECT_EQ(desk.doc.maplist.at(2).position, "002");
-    ASSERT_EQ(desk.doc.q3botlist.count(), 3);
-    EXPECT_EQ(desk.doc.q3botlist.at(1).skill, "3");
-    EXPECT_EQ(desk.doc.q3botlist.at(1).team, "Red");
-    EXPECT_EQ(desk.doc.q3botlist.at(2).name, "Big");
-    EXPECT_EQ(desk.doc.q3botlist.at(2).skill, "A");
-    EXPECT_EQ(desk.doc.q3botlist.at(3).skill, "");
-    desk.load({"seta g_gametype \"4\""});
-    desk.load({});
-    EXPECT_TRUE(desk.doc.q3gametype.index() == 0 && desk.doc.LastGameType == 0) << "the first of the mod's, chosen anew";
-    EXPECT_TRUE(desk.doc.maplist.empty() && desk.doc.q3botlist.empty());
-    EXPECT_EQ(desk.doc.MapCount, 0);
-}
-
 TEST(Loader, BindingsOfOthersStay) {
     DocumentDesk desk;
     desk.load({"bind X|W \"Move Forward|kw\"", "bind S|S \"Move Back|ks\""});

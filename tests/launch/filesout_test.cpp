@@ -1,7 +1,5 @@
 #include "launch_fixture.h"
 
-#include <functional>
-
 namespace gatehouse {
 namespace {
 
@@ -17,14 +15,7 @@ protected:
         return splitLines(world.files.content(kFile));
     }
     std::vector<std::string> serverLines() { return lines(&GameConfig::WriteServerVars); }
-    std::vector<std::string> playerLines() { return lines(&GameConfig::WritePlayerVars); }
 
-    /// The quoted value of a variable, or "<none>".
-    static std::string valueOf(const std::vector<std::string>& text, const std::string& variable) {
-        for (const std::string& line : text)
-            if (line.starts_with(variable + " ")) return line.substr(line.find('"'));
-        return "<none>";
-    }
     static std::vector<std::string> startingWith(const std::vector<std::string>& text, const std::string& beginning) {
         std::vector<std::string> found;
         for (const std::string& line : text)
@@ -38,68 +29,6 @@ TEST_F(GameConfigTest, BenchmarkGetsItsReducedSetOfVariables) {
     gameConfig.WriteBenchmarkVars();
     gameConfig.close();
     EXPECT_EQ(world.files.content(kFile), golden("benchmark/variables.cfg"));
-}
-
-TEST_F(GameConfigTest, DisplayValuesTakeTheGamesForms) {
-    struct Case {
-        std::function<void(SettingsDocument&)> change;
-        const char* variable;
-        const char* value;
-    };
-    const Case cases[] = {
-        {[](auto& d) { d.q3brightness.setPosition(50); }, "r_gamma", "\" .5\""},
-        {[](auto& d) { d.q3brightness.setPosition(100); }, "r_gamma", "\" 1\""},
-        {[](auto& d) { d.q3effectsvol.setPosition(25); }, "s_volume", "\"0.3\""},
-        {[](auto& d) { d.q3musicvol.setPosition(94); }, "s_musicvolume", "\"0.9\""},
-        {[](auto& d) { d.q3musicvol.setPosition(95); }, "s_musicvolume", "\"1.0\""},
-        {[](auto& d) { d.q3texquality.setIndex(-1); }, "r_texturebits", "<none>"},
-        {[](auto& d) { d.q3colordepth.setIndex(2); }, "r_colorbits", "\"32\""},
-        {[](auto& d) { d.q3colordepth.setIndex(-1); }, "r_colorbits", "<none>"},
-        {[](auto& d) { d.q3geometry.setIndex(-1); }, "r_subdivisions", "<none>"},
-        {[](auto& d) { d.q3vidres.setIndex(-1); }, "r_mode", "\"-1\""},
-        {[](auto& d) { d.q3soundquality.setValue(2); }, "s_khz", "\"22\""},
-        {[](auto& d) { d.q3brass.setValue(2); }, "cg_brasstime", "\"0\""},
-        {[](auto& d) { d.invertmouse.setValue(2); }, "m_pitch", "\"0.022\""},
-        {[](auto& d) { d.chindex.setText(" 03.50 of 10"); }, "cg_drawcrosshair", "\"3.5\""},
-        {[](auto& d) { d.chindex.setText("none"); }, "cg_drawcrosshair", "\"0\""},
-    };
-    for (const Case& one : cases) {
-        one.change(doc);
-        EXPECT_EQ(valueOf(playerLines(), one.variable), one.value);
-    }
-}
-
-TEST_F(GameConfigTest, LimitsFollowThePositionOfTheGameType) {
-    doc.maplist.append({"001", "q3dm1", ""});
-    struct Case {
-        int position;
-        std::string gametype, fraglimit, timelimit, capturelimit;
-    };
-    const auto number = [](const char* field) { return "\"" + std::to_string(patternNumber(field)) + "\""; };
-    const Case cases[] = {
-        {0, "\"0\"", number("ui_ffa_fraglimit"), number("ui_ffa_timelimit"), "\"0\""},
-        {1, "\"1\"", number("ui_tourney_fraglimit"), number("ui_tourney_timelimit"), "\"0\""},
-        {4, "\"5\"", "<none>", "<none>", "<none>"},
-        {-1, "<none>", "<none>", "<none>", "<none>"},
-    };
-    for (const Case& one : cases) {
-        doc.q3gametype.setIndex(one.position);
-        const auto text = serverLines();
-        EXPECT_EQ(valueOf(text, "seta g_gametype"), one.gametype) << one.position;
-        EXPECT_EQ(valueOf(text, "fraglimit"), one.fraglimit) << one.position;
-        EXPECT_EQ(valueOf(text, "timelimit"), one.timelimit) << one.position;
-        EXPECT_EQ(valueOf(text, "capturelimit"), one.capturelimit) << one.position;
-    }
-}
-
-TEST_F(GameConfigTest, AnEmptyRotationFailsBehindItsTitle) {
-    EXPECT_THROW(serverLines(), RuntimeFailure);
-    gameConfig.abandon();
-    const auto text = splitLines(world.files.content(kFile));
-    ASSERT_GE(text.size(), 3u);
-    EXPECT_EQ(text[text.size() - 2], "// Map Rotation");
-    EXPECT_TRUE(world.log.has("->Wrote Server CFG Vars OK"));
-    EXPECT_FALSE(world.log.has("->Wrote map rotation OK"));
 }
 
 TEST_F(GameConfigTest, RandomBotsSplitIntoTeams) {

@@ -112,29 +112,6 @@ TEST_F(RunCommandTest, ListenMatchesTheGoldenFiles) {
     EXPECT_EQ(world.processes.started.size(), 1u);
 }
 
-TEST_F(RunCommandTest, DedicatedMatchesTheGoldenFiles) {
-    run.GameDir = "C:\\";
-    world.files.addFolder("C:\\freeze");
-    chooseMod("Freeze", "freeze", {modOption("textbox", "fz", "1", false, true)});
-    doc.q3gametype.setIndex(2);
-    doc.q3langame.setValue(1);
-    doc.q3serverip.setText("  ");
-    doc.q3usepass.setValue(0);
-    doc.q3userconpass.setValue(1);
-    doc.q3cheats.setValue(1);
-    doc.maplist.append({"001", "q3ctf1", ""});
-    doc.q3randbots.setValue(1);
-    doc.q3randnum.setText(" 5 ");
-    extracmdline.setText("+set sv_fps 30");
-    run.CurrentMode.set(kDedicated);
-
-    command.mfilerun_Click();
-
-    EXPECT_EQ(cfg(), golden("dedicated/gatehouse.cfg"));
-    EXPECT_EQ(bat(), golden("dedicated/gatehouse.bat"));
-    EXPECT_EQ(ghaliases(), "<missing>");
-}
-
 TEST_F(RunCommandTest, TheOptionDecidesWhetherTheGameStarts) {
     prepareConnect();
     struct Case {

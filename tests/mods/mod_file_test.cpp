@@ -59,22 +59,5 @@ TEST(ModFile, AFaultRejectsTheWholeFile) {
     EXPECT_TRUE(parse("cvars none\r\n"));
 }
 
-TEST(ModFile, ReachesOnlyWhatIsDeclaredAndThere) {
-    struct Case {
-        const char* declared;
-        std::size_t reached;
-    };
-    const Case cases[] = {{"cvars 0", 0}, {"cvars 1", 1}, {"cvars 2", 2}, {"cvars 30000", 2}, {"cvars -1", 0}};
-    for (const Case& one : cases) {
-        const auto mod = parse(std::string(one.declared) + "\r\ncheckbox a\r\ncheckbox b\r\n");
-        ASSERT_TRUE(mod);
-        ModTable mods;
-        mods.setCurrentMod(mods.add(*mod));
-        EXPECT_EQ(mods.variables().size(), one.reached) << one.declared;
-        mods.setVariable("B", "set");
-        EXPECT_EQ(mods.current().options[1].value, one.reached == 2 ? "set" : "") << one.declared;
-    }
-}
-
 }  // namespace
 }  // namespace gatehouse

@@ -32,10 +32,5 @@ TEST(ShownTextTest, EveryByteComesBack) {
     }
 }
 
-TEST(ShownTextTest, WhatHasNoByteBecomesAQuestionMark) {
-    EXPECT_EQ(typedBytes(u"a→b\U0001F600c\u0080\n"_qs), "a?b?c?");
-    EXPECT_EQ(textBytes(u"1\r\n2\t"_qs), "1\r\n2\t");
-}
-
 }  // namespace
 }  // namespace gatehouse

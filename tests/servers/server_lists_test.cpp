@@ -129,15 +129,5 @@ TEST_F(ServerListsTest, AListReadInPartIsNotWrittenOverWithoutAQuestion) {
     lists.SaveServerList("mine.ghs");  // it is ours by now
 }
 
-TEST_F(ServerListsTest, HoldsAsManyRowsAsA16BitCountAndNoMore) {
-    std::string content;
-    for (int i = 0; i < 40000; ++i) content += "s" + std::to_string(i) + "|P|" + std::to_string(i % 1000) + "|||||\r\n";
-    load(content);
-    EXPECT_EQ(iplist.count(), 32767);
-    EXPECT_EQ(world.log.lines.back(), "32767 servers parsed OK");
-    EXPECT_TRUE(world.log.has("!A list holds 32767 servers: the rest of the file is left"));
-    EXPECT_EQ(iplist.at(iplist.current()).Name, "s0");
-}
-
 }  // namespace
 }  // namespace gatehouse

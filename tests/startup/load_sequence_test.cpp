@@ -71,20 +71,6 @@ TEST_F(LoadSequenceTest, TheEndAsksAboutBothChangesAndSavesWhatIsWanted) {
     EXPECT_EQ(world.settings.values["extracmdline"], "+set vm_game 0");  // putting the form back stores nothing
 }
 
-TEST_F(LoadSequenceTest, ADiskThatFillsUpInASaveLeavesARescueCopyEvenOfAnUnchangedDocument) {
-    program.StartupDriver();
-    program.startup.options.q3loglevel.setIndex(0);
-    ASSERT_FALSE(program.run.ConfigChanged);
-    world.files.failAtChange = 3;  // the old file is deleted, the new one made, and then
-    try {
-        program.config.documents.writeConfig("C:\\gh\\default.ghc");
-        FAIL() << "the fault was not reached";
-    } catch (const RuntimeFailure& failure) {
-        program.handleFatal(failure, false);
-    }
-    EXPECT_NE(world.files.content("C:\\gh\\rescue.ghc").find("seta sv_hostname \"noname\""), std::string::npos);
-}
-
 TEST_F(LoadSequenceTest, OptionsThatCantBeStoredHoldForTheRunAndAreToldOnce) {
     world.settings.full = true;
     world.dialogs.answer("Options", Answer::Ok);

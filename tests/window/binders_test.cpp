@@ -51,26 +51,6 @@ protected:
     QFormLayout layout{&window};
 };
 
-TEST_F(BindersTest, SpinButtonsCountWithinTheRangeAndTypedValuesMayLieOutside) {
-    auto& spin = find<SpinText>("fraglimit");
-    for (const auto& [text, key, after] :
-         {std::tuple("20", Qt::Key_Down, "15"), {"198", Qt::Key_Up, "200"}, {"900", Qt::Key_Down, "200"},
-          {"900", Qt::Key_Up, "900"}, {"5", Qt::Key_Down, "5"}, {"", Qt::Key_Up, "5"}}) {
-        limit.setText(text);
-        QTest::keyClick(&spin, key);
-        EXPECT_EQ(limit.text(), after) << text;
-    }
-    // An unfinished number stays in the line, and gives way when it is left.
-    spin.selectAll();
-    for (const auto& [typed, taken] : {std::pair("-", "5"), {"3", "-3"}, {"x", "-3"}}) {
-        QTest::keyClicks(&spin, typed);
-        EXPECT_EQ(limit.text(), taken);
-    }
-    EXPECT_EQ(spin.text(), "-3x");
-    QTest::keyClick(&spin, Qt::Key_Return);
-    EXPECT_EQ(spin.text(), "-3");
-}
-
 TEST_F(BindersTest, AFieldThatIsTakenWhenLeftWaitsForTheWholeText) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     auto& spin = find<SpinText>("q3hunksize");

@@ -110,11 +110,6 @@ TEST_F(DialogsTest, WithoutADisplayBoxesArePrintedAndAnsweredSafely) {
     }
 }
 
-TEST(DialogFilter, BecomesTheToolkits) {
-    EXPECT_EQ(toolkitFilter("A (*.a)|*.a|B (*.b, *.c)|*.b;*.c"), "A (*.a);;B (*.b *.c);;All files (*)");
-    EXPECT_EQ(toolkitFilter(""), "All files (*)");
-}
-
 TEST_F(DialogsTest, OpenTakesANameThatDoesNotExist) {
     scratch.put("Docs/here.ghc", "x");
     const FileDialog dialog{.title = "Load Config",

@@ -74,23 +74,6 @@ TEST_F(MainWindowTest, TheKeyboardChoosesModesAndTabs) {
     EXPECT_EQ(find<TabList>("sbarlist1").selectionModel()->selectedIndexes().size(), 1);
 }
 
-TEST_F(MainWindowTest, TheConsoleTakesRoomBelowAndGivesItBack) {
-    auto& console = find<QPlainTextEdit>("q3console");
-    auto& entry = find<QAction>("mtoolsconsole");
-    EXPECT_FALSE(console.isVisible() || entry.isChecked());
-    const QSize before = window.size();
-    entry.trigger();
-    EXPECT_TRUE(console.isVisible() && entry.isChecked());
-    program.log.logEvent("<b>plain</b>");
-    EXPECT_TRUE(console.toPlainText().endsWith(": <b>plain</b>"));
-    EXPECT_EQ(find<QLabel>("q3status1").text().right(12), "<b>plain</b>");
-    EXPECT_TRUE(QTime::fromString(find<QLabel>("q3status2").text(), "HH:mm").isValid());
-    entry.trigger();
-    EXPECT_FALSE(console.isVisible() || entry.isChecked());
-    EXPECT_EQ(window.size(), before);
-    EXPECT_EQ(world.settings.values["showconsole"], "False");
-}
-
 TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscapeAndByItsButtons) {
     program.servers.addressForm.ip1.setText("127.0.0.1");
     program.servers.addressForm.port.setText("27960");

@@ -62,12 +62,6 @@ TEST_F(ModDialogTest, OneWhoTabsThroughSetsEveryOptionAndATypedLetterIsRefused) 
     EXPECT_EQ(mods.values(), (std::vector<std::string>{"true", "1", "45", "b"}));
 }
 
-TEST_F(ModDialogTest, HundredsOfOptionsStayOnTheScreen) {
-    std::vector<std::string> lines{"cvars 500", "name " + std::string(500, 'n'), "url " + std::string(500, 'u')};
-    for (int i = 0; i < 500; ++i) lines.insert(lines.end(), {"checkbox a", "text " + std::string(300, 'w')});
-    show(lines, [this] { EXPECT_TRUE(dialog.screen()->geometry().contains(QRect({}, dialog.size()))); });
-}
-
 TEST_F(ModDialogTest, ALinkOpensPagesAndLettersOnly) {
     const std::pair<const char*, const char*> cases[] = {
         {"url www.a.org/b?c", "http://www.a.org/b?c"}, {"url https://a", "https://a"}, {"url file:///etc/passwd", ""}, {"url ftp://a/x", ""},

@@ -27,7 +27,6 @@ protected:
         EXPECT_FALSE(keyboard.isVisible());
     }
     QPushButton& key(const char* name) { return *keyboard.findChild<QPushButton*>(name); }
-    std::string focused() { return keyboard.focusWidget()->objectName().toStdString(); }
     void press(Qt::Key pressed) { QTest::keyClick(keyboard.focusWidget(), pressed); }
 
     fake::DocumentDesk desk;

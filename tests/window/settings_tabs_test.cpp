@@ -102,24 +102,5 @@ TEST_F(SettingsTabsTest, TheTabsComeToRest) {
     EXPECT_LT(counter.asked, 10);
 }
 
-TEST_F(SettingsTabsTest, TabGoesThroughTheFieldsDownwardsAndScrollsToThem) {
-    QWidget& tab = *tabs[0];
-    tab.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&tab));
-    auto* first = tab.findChild<QWidget*>("q3hostname");
-    first->setFocus();
-    int last = 0, stops = 0;
-    do {
-        const QWidget& focused = *QApplication::focusWidget();
-        EXPECT_FALSE(focused.visibleRegion().isEmpty()) << focused.objectName().toStdString();
-        // The window is too narrow for two columns: they stand below each other.
-        const int middle = focused.mapTo(&tab, focused.rect().center()).y() - first->mapTo(&tab, QPoint()).y();
-        EXPECT_GE(middle, last - 3) << focused.objectName().toStdString();  // a check and a line may share a row
-        last = middle;
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    } while (QApplication::focusWidget() != first && ++stops < 100);
-    EXPECT_EQ(stops + 1, static_cast<int>(doc.server.fields.size()));  // not the label, but the button of the mods
-}
-
 }  // namespace
 }  // namespace gatehouse
