@@ -69,7 +69,7 @@ TEST_F(MapCatalogTest, FilesThatCantBeOpenedCostALogLine) {
     world.files.failAtChange = 0;
     catalog.saveUserMaps();
     EXPECT_TRUE(content().starts_with(std::string(61, '/') + "\r\n// usermaps.txt\r\n"));
-    EXPECT_TRUE(content().ends_with("//\r\nNEW Map\r\n"));
+    EXPECT_TRUE(content().ends_with("//\r\nNEW Map\r\n") && world.log.has("1 maps written OK"));
 }
 
 TEST_F(MapCatalogTest, MarksEveryNodeOfAMapInTheRotation) {
