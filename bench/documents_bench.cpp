@@ -31,7 +31,7 @@ struct Started {
 
 void LoadDocument(benchmark::State& state) {
     Started started;
-    for (auto _ : state) benchmark::DoNotOptimize(started.program.documents.loadConfig("C:\\gh\\default.ghc"));
+    for (auto _ : state) benchmark::DoNotOptimize(started.program.config.documents.loadConfig("C:\\gh\\default.ghc"));
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(LoadDocument);
@@ -45,14 +45,14 @@ void LoadLargeDocument(benchmark::State& state) {
     std::string text;
     while (text.size() < static_cast<std::size_t>(state.range(0)) << 20) text += lines;
     started.world.files.put("C:\\gh\\large.ghc", text);
-    for (auto _ : state) benchmark::DoNotOptimize(started.program.documents.loadConfig("C:\\gh\\large.ghc"));
+    for (auto _ : state) benchmark::DoNotOptimize(started.program.config.documents.loadConfig("C:\\gh\\large.ghc"));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 BENCHMARK(LoadLargeDocument)->Arg(2)->Arg(20);
 
 void WriteDocument(benchmark::State& state) {
     Started started;
-    for (auto _ : state) started.program.documents.writeConfig("C:\\gh\\copy.ghc");
+    for (auto _ : state) started.program.config.documents.writeConfig("C:\\gh\\copy.ghc");
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(WriteDocument);

@@ -136,12 +136,16 @@ void timeQueries() {
     const long files = openFiles();
     const long memory = residentKiB();
     const double time = milliseconds([&] {
-        for (int i = 0; i < kQueries; ++i) query.QuerySelectedServers();
+        for (int i = 0; i < kQueries; ++i) {
+            query.restoreDesign();  // forgets when it asked: the pause between two requests is not to be timed
+            query.QuerySelectedServers();
+        }
     });
     std::printf("\n%d queries: %.0f a second, %d answered, memory %+ld KiB, open files %+ld\n", kQueries,
                 kQueries / time * 1e3, server.requests - 1, residentKiB() - memory, openFiles() - files);
 
     server.onRequest = {};
+    query.restoreDesign();
     const double before = processorSeconds();
     const double wait = milliseconds([&] { query.QuerySelectedServers(); });
     std::printf("a silent server: %.0f ms waited, processor time %.2f %% of it\n", wait,
