@@ -117,6 +117,12 @@ std::string zeroPadded(long number, int digits) {
 
 std::string quoted(std::string_view text) { return std::string("\"").append(text).append("\""); }
 
+std::string oneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+    return text;
+}
+
 std::string bareName(std::string_view path) {
     const auto at = path.find_last_of("\\/");
     return std::string(at == std::string_view::npos ? path : path.substr(at + 1));

@@ -47,6 +47,8 @@ std::string padRight(std::string_view text, std::size_t width);
 std::string zeroPadded(long number, int digits);
 
 std::string quoted(std::string_view text);
+/// The text with a blank for each control character: a row of a table, or of a file, is one line.
+std::string oneLine(std::string text);
 /// The part behind the last `\` or `/`.
 std::string bareName(std::string_view path);
 /// Lines of a text that may end in CR LF or LF; no empty line for the end of the last one.

@@ -33,10 +33,4 @@ int playerCount(std::string_view reply) {
     return static_cast<int>(std::count(counted.begin(), counted.end(), '\n')) - 2;
 }
 
-std::string oneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
-    return text;
-}
-
 }  // namespace gatehouse

@@ -16,7 +16,4 @@ std::string FindCvar(std::string_view key, std::string_view reply);
 /// Players of a reply: its line ends but for those of the header and the info string.
 int playerCount(std::string_view reply);
 
-/// The text with a blank for each control character: a row of a table, or of a file, is one line.
-std::string oneLine(std::string text);
-
 }  // namespace gatehouse

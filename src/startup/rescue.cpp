@@ -25,12 +25,7 @@ constexpr long kLongestText = 500;
 constexpr std::size_t kMostEntries = 20;
 
 /// A text that stays one line of the record.
-std::string oneLine(std::string_view text) {
-    std::string line = left(text, kLongestText);
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, ' ');
-    return line;
-}
+std::string recordText(std::string_view text) { return oneLine(left(text, kLongestText)); }
 
 /// "a", "a and b", "a, b and c".
 std::string listed(const std::vector<std::string>& names) {
@@ -61,7 +56,7 @@ Rescue::Rescue(const Ground& ground, const Clock& clock, std::vector<RescueKind>
     : ground_(ground), clock_(clock), kinds_(std::move(kinds)), own_(kinds_.size()) {}
 
 Kept Rescue::keep(const std::string& reason) {
-    Entry entry{.time = dateTimeText(clock_.now()), .reason = oneLine(reason), .paths = {}};
+    Entry entry{.time = dateTimeText(clock_.now()), .reason = recordText(reason), .paths = {}};
     Kept result;
     // What can't be kept of one kind must not cost the others.
     const auto attempt = [&result](auto&& action) {
@@ -170,7 +165,7 @@ std::vector<Rescue::Entry> Rescue::readRecord() const {
         ground_.log.logEvent(failure.what(), true);
     }
     for (const std::string& raw : splitLines(text)) {
-        const std::string line = oneLine(raw);
+        const std::string line = recordText(raw);
         if (line.starts_with(kTime)) entries.push_back({.time = line.substr(kTime.size()), .reason = {}, .paths = {}});
         if (entries.empty()) continue;
         if (line.starts_with(kReason)) entries.back().reason = line.substr(kReason.size());
