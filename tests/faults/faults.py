@@ -144,7 +144,9 @@ class Person(multiprocessing.Process):
         self.tool('windowactivate', '--sync', window)
         time.sleep(0.1)
         for key in keys:
-            if key.startswith('type '):
+            if key == 'SIGTERM':
+                os.kill(int(self.tool('getwindowpid', window)[0]), signal.SIGTERM)
+            elif key.startswith('type '):
                 self.tool('type', '--delay', '4', key[5:].replace('@GAME@', self.world.game))
             else:
                 self.tool('key', '--clearmodifiers', key)
@@ -167,6 +169,7 @@ SCENARIOS = {
     'first': (True, 0, [['alt+F4']], [OPTIONS, 'app/default.ghc', 'game/baseq3/q3backup.cfg', 'app/usermaps.txt']),
     'window': (False, 0, [['F12'], ['ctrl+s'], ['Insert'], ['alt+F4']],
                [OPTIONS, 'app/war.ghc', 'app/default.ghs', 'app/usermaps.txt']),
+    'rescue': (False, 0, [['Insert'], ['SIGTERM']], ['app/rescue.ghs', 'app/rescue.txt']),
 }
 
 
@@ -264,6 +267,7 @@ def neutral(content, world):
                  program_path(world.root).replace('\\', '\\\\')):
         content = content.replace(path.encode(), b'@ROOT@')
     content = content.replace(program_path(world.root)[2:].encode(), b'@ROOT@')
+    content = re.sub(rb'\d{4}-\d\d-\d\d \d\d:\d\d:\d\d', b'@TIME@', content)
     # Options are a set: a key that was refused at first comes in later.
     return b'\n'.join(sorted(content.split(b'\n'))) if content.startswith(b'[config]') else content
 
