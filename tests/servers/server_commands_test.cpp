@@ -98,6 +98,13 @@ TEST_F(ServerCommandsTest, ADoubleClickEditsTheCurrentRowByWayOfTheClipboard) {
         EXPECT_EQ(run.ServerListChanged, !accept);  // the host came up for the first time at the first showing
         EXPECT_EQ(iplist.at(2).Address + iplist.at(2).Password, accept ? "192.0.2.7:27961new" : "192.0.2.7:27960old");
     }
+    iplist.update(2, [](ServerEntry& row) { row.Address = "my.host:27962"; });
+    then([this] {
+        EXPECT_EQ(form.address(), "my.host:27962");  // a name is no address that a clipboard gives
+        form.newipCancel_Click();
+    });
+    commands.iplist_DblClick();
+    run.ServerListChanged = false;
     form.restoreDesign();
     EXPECT_FALSE(run.ServerListChanged);
 }
