@@ -19,38 +19,42 @@ public:
     Signal(const Signal&) = delete;
     Signal& operator=(const Signal&) = delete;
 
-    /// Adds a listener and returns the number by which it can be taken off again.
-    int connect(Slot slot) {
-        slots_.push_back({++lastId_, std::make_shared<Slot>(std::move(slot))});
-        return lastId_;
-    }
-
-    void disconnect(int id) {
-        std::erase_if(slots_, [id](const Entry& entry) { return entry.id == id; });
-    }
+    /// Adds a listener for as long as the signal lives.
+    void connect(Slot slot) { add(std::move(slot)); }
 
     void emit(Args... args) const {
-        const auto now = slots_;
+        const auto now = *entries_;
         for (const auto& entry : now) (*entry.slot)(args...);
     }
 
 private:
+    friend class Connection;
     struct Entry {
         int id;
         std::shared_ptr<Slot> slot;
     };
-    std::vector<Entry> slots_;
+    using Entries = std::vector<Entry>;
+
+    int add(Slot slot) {
+        entries_->push_back({++lastId_, std::make_shared<Slot>(std::move(slot))});
+        return lastId_;
+    }
+
+    std::shared_ptr<Entries> entries_ = std::make_shared<Entries>();
     int lastId_ = 0;
 };
 
-/// Takes a listener off its signal when it goes out of scope.
+/// Takes a listener off its signal when it goes out of scope. Either of the two may go first.
 class Connection {
 public:
     Connection() = default;
     template <class... Args>
     Connection(Signal<Args...>& signal, std::function<void(Args...)> slot) {
-        const int id = signal.connect(std::move(slot));
-        off_ = [&signal, id] { signal.disconnect(id); };
+        using Entries = typename Signal<Args...>::Entries;
+        const int id = signal.add(std::move(slot));
+        off_ = [entries = std::weak_ptr<Entries>(signal.entries_), id] {
+            if (const auto left = entries.lock()) std::erase_if(*left, [id](const auto& entry) { return entry.id == id; });
+        };
     }
     Connection(Connection&& other) noexcept : off_(std::exchange(other.off_, nullptr)) {}
     Connection& operator=(Connection&& other) noexcept {

@@ -9,12 +9,12 @@ TEST(Signal, ListenersMayComeAndGoWhileItFires) {
     Signal<> signal;
     int calls = 0;
     int late = 0;
-    int id = 0;
-    id = signal.connect([&] {
+    Connection once;
+    once = Connection(signal, std::function<void()>([&] {
         ++calls;
-        signal.disconnect(id);
+        once.release();
         signal.connect([&] { ++late; });
-    });
+    }));
     signal.emit();
     EXPECT_EQ(calls, 1);
     EXPECT_EQ(late, 0);
@@ -27,6 +27,17 @@ TEST(Signal, ListenersMayComeAndGoWhileItFires) {
     }
     signal.emit();
     EXPECT_EQ(calls, 2);
+}
+
+TEST(Signal, EitherSideOfAConnectionMayGoFirst) {
+    auto gone = std::make_unique<Signal<>>();
+    Signal<> stays;
+    int calls = 0;
+    Connection connection(*gone, std::function<void()>([&] { ++calls; }));
+    gone.reset();
+    connection = Connection(stays, std::function<void()>([&] { ++calls; }));
+    stays.emit();
+    EXPECT_EQ(calls, 1);
 }
 
 }  // namespace
