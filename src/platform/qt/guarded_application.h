@@ -2,6 +2,8 @@
 
 #include "platform/qt/qt_event_loop.h"
 
+#include <QCoreApplication>
+
 class QEvent;
 class QObject;
 
@@ -26,5 +28,14 @@ public:
 private:
     QtEventLoop& events_;
 };
+
+/// Runs a handler that the toolkit called, and lets nothing that it throws into the toolkit's own frames.
+template <class Base, class Handler>
+void runGuarded(Handler&& handler) {
+    if (auto* application = dynamic_cast<GuardedApplication<Base>*>(QCoreApplication::instance()))
+        application->events().guarded(handler);
+    else
+        handler();
+}
 
 }  // namespace gatehouse

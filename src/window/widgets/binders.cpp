@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/runtime_failure.h"
+#include "platform/qt/guarded_application.h"
 #include "platform/qt/shown_text.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/spin_text.h"
@@ -177,8 +178,10 @@ void leaveTypedText() {
 
 void bindCommand(QAction& action, std::function<void()> command) {
     QObject::connect(&action, &QAction::triggered, &action, [command = std::move(command)] {
-        leaveTypedText();
-        command();
+        runGuarded<QApplication>([&command] {
+            leaveTypedText();
+            command();
+        });
     });
 }
 
