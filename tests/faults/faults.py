@@ -281,6 +281,14 @@ def attempt(scenario, fault, new, display, scratch):
         shutil.rmtree(root, ignore_errors=True)
 
 
+def attempt_with_hands(scenario, fault, new, display, scratch):
+    """On a busy machine a key may be lost on its way to a window: what a person's hands did wrong is done again."""
+    misses = attempt(scenario, fault, new, display, scratch)
+    if misses and SCENARIOS[scenario][2] is not None:
+        misses = attempt(scenario, fault, new, display, scratch)
+    return misses
+
+
 def record(scenario, display, scratch):
     root = tempfile.mkdtemp(dir=scratch)
     versions = {name: [] for name in SCENARIOS[scenario][3]}
@@ -332,7 +340,7 @@ def work(tasks, results, scratch, needs_display):
             scenario, fault, new = task
             try:
                 result = record(scenario, display, scratch) if fault is None else \
-                    attempt(scenario, fault, new, display, scratch)
+                    attempt_with_hands(scenario, fault, new, display, scratch)
             except (Exception, SystemExit) as error:  # noqa: BLE001 - told as a miss
                 result = error if fault is None else [f'the test itself: {error!r}']
             results.put((scenario, fault, result))
