@@ -1,0 +1,149 @@
+#include "platform/qt/qt_pictures.h"
+
+#include "base/runtime_failure.h"
+#include "platform/qt/native_paths.h"
+#include "platform/qt/text_streams.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr std::size_t kLargestFile = std::size_t{64} << 20;
+constexpr int kLongestSide = 16384;
+/// A JPEG file of a few bytes makes its reader take several bytes for each point that it claims.
+constexpr long long kMostPoints = 1LL << 26;
+constexpr int kLongestShown = 2048;
+constexpr int kDotsPerMetre = 2835;
+constexpr QRgb kOpaque = 0xFF000000;
+
+std::string sizeText(int width, int height) {
+    return std::to_string(width) + " x " + std::to_string(height) + " points";
+}
+
+std::string readFile(const std::string& path) {
+    const auto native = resolveExisting(path);
+    if (!native) failFile("Can't open", path, ENOENT);
+    std::string bytes = FileReader(*native, path).readBytes(kLargestFile + 1);
+    if (bytes.size() > kLargestFile) throw RuntimeFailure("Can't open " + path + ": it is larger than 64 MiB");
+    return bytes;
+}
+
+/// A number in the header of a BMP file, the lowest byte first. What lies beyond the end counts as 0.
+std::uint64_t numberAt(std::string_view bytes, std::size_t place, std::size_t count) {
+    const std::string_view taken = bytes.substr(std::min(place, bytes.size()), count);
+    std::uint64_t value = 0;
+    for (auto byte = taken.rbegin(); byte != taken.rend(); ++byte)
+        value = value << 8 | static_cast<unsigned char>(*byte);
+    return value;
+}
+
+/// True when a BMP file is long enough for its points. The toolkit shows a shorter one too. A packed one may be of any
+/// length.
+bool holdsPoints(std::string_view bytes, const QSize& size) {
+    constexpr std::uint64_t kFileHeader = 14;
+    constexpr std::uint64_t kOldHeader = 12;
+    constexpr std::uint64_t kPacked8 = 1;
+    constexpr std::uint64_t kPacked4 = 2;
+    const std::uint64_t header = numberAt(bytes, 14, 4);
+    const bool old = header == kOldHeader;
+    const std::uint64_t packing = old ? 0 : numberAt(bytes, 30, 4);
+    if (packing == kPacked8 || packing == kPacked4) return true;
+
+    const std::uint64_t bits = numberAt(bytes, old ? 24 : 28, 2);
+    const std::uint64_t line = (static_cast<std::uint64_t>(size.width()) * bits + 31) / 32 * 4;
+    const std::uint64_t start = std::max(numberAt(bytes, 10, 4), kFileHeader + header);
+    return start + line * static_cast<std::uint64_t>(size.height()) <= bytes.size();
+}
+
+/// Why a picture can't be read; empty if nothing is known against it.
+std::string faultOf(const QImageReader& reader, std::string_view bytes) {
+    const QByteArray format = reader.format();
+    if (format != "jpeg" && format != "bmp") return "it is no JPEG or BMP picture";
+    const QSize size = reader.size();
+    if (size.isEmpty()) return "its size is not known";
+    const int longer = std::max(size.width(), size.height());
+    if (longer > kLongestSide || static_cast<long long>(size.width()) * size.height() > kMostPoints)
+        return "it claims " + sizeText(size.width(), size.height()) + ", which is too large";
+    if (format == "bmp" && !holdsPoints(bytes, size)) return "its data end too early";
+    return "";
+}
+
+/// What a picture is read into. A packed BMP file may leave points out, and the reader leaves those as they were: they
+/// have the file's first colour, not what lay in memory.
+QImage blankFor(const QImageReader& reader) {
+    if (reader.format() != "bmp") return {};
+    QImage blank(reader.size(), reader.imageFormat());
+    blank.fill(0U);
+    return blank;
+}
+
+/// The picture as it is shown; null for one that is damaged.
+QImage readImage(QImageReader& reader) {
+    QImage image = blankFor(reader);
+    const QSize size = reader.size();
+    if (std::max(size.width(), size.height()) > kLongestShown)
+        reader.setScaledSize(size.scaled(kLongestShown, kLongestShown, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    return reader.read(&image) ? image.convertToFormat(QImage::Format_ARGB32) : QImage();
+}
+
+Picture pictureOf(const QImage& image) {
+    Picture picture{image.width(), image.height(), {}};
+    picture.argb.reserve(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()));
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        picture.argb.insert(picture.argb.end(), line, line + image.width());
+    }
+    return picture;
+}
+
+/// The picture less its transparency; null for one whose points are not as many as its sides say.
+QImage opaqueImage(const Picture& picture) {
+    const auto points = static_cast<long long>(picture.argb.size());
+    if (picture.width < 1 || points != static_cast<long long>(picture.width) * picture.height) return {};
+    QImage image(picture.width, picture.height, QImage::Format_RGB32);
+    if (image.isNull()) return image;
+    auto from = picture.argb.begin();
+    for (int y = 0; y < picture.height; ++y, from += picture.width)
+        std::transform(from, from + picture.width, reinterpret_cast<QRgb*>(image.scanLine(y)),
+                       [](std::uint32_t point) { return point | kOpaque; });
+    // Otherwise the screen's own resolution would go into a file.
+    image.setDotsPerMeterX(kDotsPerMetre);
+    image.setDotsPerMeterY(kDotsPerMetre);
+    return image;
+}
+
+}  // namespace
+
+Picture QtPictures::open(const std::string& path) {
+    const std::string bytes = readFile(path);
+    QByteArray view = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer buffer(&view);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(false);
+    const std::string fault = faultOf(reader, bytes);
+    if (!fault.empty()) throw RuntimeFailure("Can't open " + path + ": " + fault);
+    const QImage image = readImage(reader);
+    if (image.isNull()) throw RuntimeFailure("Can't open " + path + ": its data are damaged");
+    return pictureOf(image);
+}
+
+std::string QtPictures::bmp(const Picture& picture) {
+    const QImage image = opaqueImage(picture);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (image.isNull() || !image.save(&buffer, "BMP"))
+        throw RuntimeFailure("Can't make a picture of " + sizeText(picture.width, picture.height));
+    return bytes.toStdString();
+}
+
+}  // namespace gatehouse
