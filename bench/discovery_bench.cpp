@@ -19,7 +19,7 @@ int discoverMods(const SampleGame& sample) {
     RunState& run = world.run;
     run.AppDir = toProgramPath(sample.home().string()) + "\\";
     run.GameDir = toProgramPath(sample.game().string()) + "\\";
-    const Ground ground{files, world.dialogs, world.events, world.log, world.store, run, world.flags};
+    const Ground ground{files, world.dialogs, world.events, world.log, world.store, run, world.flags, world.pace};
     ModTable mods;
     ModDiscovery discovery(ground, archives, mods);
     discovery.scanForMods();

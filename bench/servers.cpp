@@ -124,7 +124,7 @@ void timeQueries() {
     TextField q3pingwait{group, {.name = "q3pingwait"}, "3"};
     ModTable mods;
     ServerTable iplist;
-    const Ground ground{world.files, world.dialogs, events, log, world.store, world.run, world.flags};
+    const Ground ground{world.files, world.dialogs, events, log, world.store, world.run, world.flags, world.pace};
     StatusQuery query{{ground, socket, clock, iplist, mods, q3pingwait}};
     iplist.append(newServer(server.address(), ""));
     iplist.select(1);

@@ -7,6 +7,7 @@
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_files.h"
+#include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_processes.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_udp_socket.h"
@@ -17,6 +18,7 @@
 #include "platform/x11/x11_windows.h"
 #include "startup/gatehouse.h"
 #include "window/main_window.h"
+#include "window/scan_window.h"
 #include "window/splash_window.h"
 #include "window/widgets/icons.h"
 #include "window/widgets/qt_dialogs.h"
@@ -28,10 +30,13 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace {
 
 constexpr const char* kPlatformVariable = "QT_QPA_PLATFORM";
+/// Milliseconds. Nobody has asked for this scan, and mostly it is over at once.
+constexpr int kModScanDelay = 400;
 
 bool isSet(const char* name) {
     const char* value = std::getenv(name);
@@ -77,18 +82,23 @@ int main(int argc, char** argv) {
     QtProcesses processes(argc, argv);
     X11Windows windows([&processes] { return processes.startedGames(); });
     ZipArchives archives;
+    QtPictures pictures;
     QtUdpSocket socket(events);
     QtViewers viewers(interactive);
     Random random;
     const Services services{files,   settings,  events,   clock,  dialogs, clipboard,
-                            windows, processes, archives, socket, viewers, random};
+                            windows, processes, archives, pictures, socket, viewers, random};
 
     Gatehouse program(services, programFolder);
     // Nobody looks at a splash that is drawn into memory.
     std::optional<SplashWindow> splash;
+    std::vector<std::unique_ptr<ScanWindow>> scanWindows;
     if (interactive) {
         QApplication::setWindowIcon(icon("gatehouse"));
         splash.emplace(program.startup.splash, program.run);
+        for (ScanView* view : {&program.content.mapScan.view, &program.content.modelScan.view})
+            scanWindows.push_back(std::make_unique<ScanWindow>(*view, 0));
+        scanWindows.push_back(std::make_unique<ScanWindow>(program.mods.discovery.q3getmods, kModScanDelay));
     }
     const auto printAny = [](const std::string& line) {
         if (!line.empty()) std::cerr << line << '\n';

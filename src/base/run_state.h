@@ -30,6 +30,7 @@ struct RunState {
     /// The current group of the side bar as well: both are one value.
     Observable<std::int16_t> CurrentMode{kConnect};
     std::int16_t zoomLevel = 1;  ///< of the map preview, 1 to 3
+    Observable<bool> hourglass{false};  ///< the pointer over the main window says that there is work going on
     std::string LaunchCommand;
     /// Title of the main window: the document's path, in lower case, once one is loaded.
     Observable<std::string> title{std::string("Gatehouse: ")};
@@ -40,6 +41,19 @@ struct RunState {
         title.set("Gatehouse: ");
         ConfigChanged = false;
     }
+};
+
+/// Shows the hourglass while it lives.
+class Hourglass {
+public:
+    explicit Hourglass(RunState& run) : flag_(run.hourglass), before_(flag_.get()) { flag_.set(true); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+    ~Hourglass() { flag_.set(before_); }
+
+private:
+    Observable<bool>& flag_;
+    bool before_;
 };
 
 }  // namespace gatehouse

@@ -22,7 +22,6 @@ namespace {
 constexpr std::string_view kUserMapsFile = "usermaps.txt";
 constexpr std::string_view kStandardGroup = "STD";
 constexpr std::string_view kUserGroup = "USER";
-constexpr std::string_view kUserPrefix = "AE";
 constexpr int kKeyDigits = 2;
 /// The groups and the standard maps: the nodes that every tree begins with.
 constexpr int kFixedNodes = 43;
@@ -60,8 +59,19 @@ MapEntry mapNode(std::string_view prefix, int number, std::string_view parent, c
             .description = std::string(description)};
 }
 
-/// The keys of maps, and of no group, begin with this letter.
-bool isMap(const MapEntry& node) { return node.key.starts_with('A'); }
+/// What two texts of the same map have in common, however the blanks in them came about.
+std::string mapId(std::string_view text) {
+    const std::string map = upper(trim(text));
+    const long blank = find(map, " ");
+    return blank == 0 ? map : left(map, blank) + trim(mid(map, blank));
+}
+
+void setUsed(MapTree& maptree, int position, bool used) {
+    maptree.update(position, [used](MapEntry& node) {
+        node.used = used;
+        node.image = used ? MapImage::UsedMap : isMap(node) ? MapImage::FreeMap : MapImage::ClosedGroup;
+    });
+}
 
 }  // namespace
 
@@ -129,9 +139,12 @@ void MapCatalog::takeUserMaps(const std::string& path) {
     unread_ = unread;
 }
 
-void MapCatalog::saveUserMaps() {
+bool MapCatalog::saveUserMaps() {
     log_.logEvent("Saving usermaps.txt");
-    if (unread_) return log_.logEvent("usermaps.txt could not be read: it stays as it is", true);
+    if (unread_) {
+        log_.logEvent("usermaps.txt could not be read: it stays as it is", true);
+        return userMapLines() == kept_;
+    }
     const std::string text = fileText();
     try {
         if (holds(text)) {
@@ -145,7 +158,7 @@ void MapCatalog::saveUserMaps() {
     } catch (const FileFailure& failure) {
         log_.logEvent("Couldn't write to usermaps.txt");
         log_.logEvent(failure.what(), true);
-        if (userMapLines() == kept_) return;  // nothing of the user's is lost
+        if (userMapLines() == kept_) return true;  // nothing of the user's is lost
         run_.SaveFailed = true;
         dialogs_.show(
             {.title = "User Maps",
@@ -153,10 +166,11 @@ void MapCatalog::saveUserMaps() {
                      failure.what(),
              .icon = Icon::Stop,
              .safeAnswer = Answer::Ok});
-        return;
+        return false;
     }
     kept_ = userMapLines();
     log_.logEvent(std::to_string(maptree.count() - kFixedNodes) + " maps written OK");
+    return true;
 }
 
 std::optional<std::string> MapCatalog::saveOrTell() {
@@ -198,29 +212,48 @@ int MapCatalog::addUserMap(const std::string& name, const std::string& descripti
     return position;
 }
 
-void MapCatalog::unmarkAll() {
+void MapCatalog::walkTo(int position) {
+    maptree.setCurrent(position);
+    walked.emit();
+}
+
+std::unordered_set<std::string> MapCatalog::userMapNames() const {
+    std::unordered_set<std::string> names;
     for (int position = 1; position <= maptree.count(); ++position) {
-        if (!maptree.at(position).used) continue;
-        maptree.update(position, [](MapEntry& node) {
-            node.used = false;
-            node.image = isMap(node) ? MapImage::FreeMap : MapImage::ClosedGroup;
-        });
+        const MapEntry& node = maptree.at(position);
+        if (!startsWith(node.key, kUserPrefix)) continue;
+        const std::string text = upper(trim(node.text));
+        for (long blank = find(text, " "); blank != 0; blank = find(text, " ", blank + 1))
+            names.insert(left(text, blank - 1));
+        names.insert(text);
     }
+    return names;
+}
+
+void MapCatalog::unmarkAll() {
+    for (int position = 1; position <= maptree.count(); ++position)
+        if (maptree.at(position).used) setUsed(maptree, position, false);
 }
 
 void MapCatalog::markRotation(const Rotation& rotation) {
     std::unordered_set<std::string> inRotation;
     for (int position = 1; position <= rotation.count(); ++position) {
         const RotationRow& row = rotation.at(position);
-        inRotation.insert(upper(trim(row.name) + " " + row.description));
+        inRotation.insert(mapId(trim(row.name) + " " + row.description));
     }
+    for (int position = 1; position <= maptree.count(); ++position)
+        if (inRotation.contains(mapId(maptree.at(position).text))) setUsed(maptree, position, true);
+}
+
+int MapCatalog::mark(const std::string& map, bool used) {
+    const std::string wanted = mapId(map);
+    int last = 0;
     for (int position = 1; position <= maptree.count(); ++position) {
-        if (!inRotation.contains(upper(trim(maptree.at(position).text)))) continue;
-        maptree.update(position, [](MapEntry& node) {
-            node.used = true;
-            node.image = MapImage::UsedMap;
-        });
+        if (mapId(maptree.at(position).text) != wanted) continue;
+        last = position;
+        setUsed(maptree, position, used);
     }
+    return last;
 }
 
 }  // namespace gatehouse

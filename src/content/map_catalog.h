@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/log.h"
+#include "base/signal.h"
 #include "base/table.h"
 #include "config/rotation.h"
 #include "platform/ground.h"
@@ -8,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <unordered_set>
 
 namespace gatehouse {
 
@@ -30,6 +32,11 @@ struct MapEntry {
 
 using MapTree = Table<MapEntry>;
 
+/// The keys of maps, and of no group, begin with this letter.
+inline bool isMap(const MapEntry& node) { return node.key.starts_with('A'); }
+/// The keys of user maps begin with these.
+inline constexpr std::string_view kUserPrefix = "AE";
+
 /// The catalog of maps: the tree `maptree`, the standard maps and the file `usermaps.txt`.
 class MapCatalog {
 public:
@@ -37,14 +44,17 @@ public:
         : files_(ground.files), dialogs_(ground.dialogs), log_(ground.log), run_(ground.run) {}
 
     MapTree maptree;
+    /// A command has made another map the selected one.
+    Signal<> walked;
+    void walkTo(int position);
 
     /// Empties the tree and fills it with the groups and the standard maps.
     void loadStandardMaps();
     /// Adds the maps of `usermaps.txt` under the group of user maps.
     void loadUserMaps();
     /// Writes `usermaps.txt` whole, unless it is that already. A failure is logged, and told
-    /// where it costs a map.
-    void saveUserMaps();
+    /// where it costs a map. False if the user maps are not all in the file.
+    bool saveUserMaps();
     /// For an end without questions: `usermaps.txt` is written if the user maps have changed. Returns what the file
     /// was to hold where that fails.
     std::optional<std::string> saveOrTell();
@@ -53,13 +63,19 @@ public:
     /// Adds a user map and returns its position.
     int addUserMap(const std::string& name, const std::string& description);
 
+    std::string userMapsPath() const;
+    /// Names that the user maps may have, upper-cased: a file's name can hold blanks, and the text doesn't tell which
+    /// of its blanks ends the name.
+    std::unordered_set<std::string> userMapNames() const;
+
     /// Takes the marks of use off all maps.
     void unmarkAll();
-    /// Marks every node whose trimmed text equals the name and description of a row, in any case.
+    /// Marks every node of a map in the rotation.
     void markRotation(const Rotation& rotation);
+    /// Marks all nodes of that map as used or free, and returns the position of the last one, 0 if there is none.
+    int mark(const std::string& map, bool used);
 
 private:
-    std::string userMapsPath() const;
     std::string fileText() const;
     void readUserMaps(TextReader& file, const std::string& path);
     /// The lines of the user maps.

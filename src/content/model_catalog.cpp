@@ -14,7 +14,6 @@ namespace gatehouse {
 namespace {
 
 constexpr std::string_view kUserModelsFile = "usermdls.txt";
-constexpr std::string_view kDefaultSkin = "Default";
 constexpr std::string_view kTeamSkins[] = {"Red", "Blue"};
 /// The node that a fresh tree selects: what the tab shows before any document.
 constexpr std::string_view kStartNode = "Sarge\\Default";
@@ -69,11 +68,13 @@ void ModelCatalog::loadStandardModels() {
     selectModel(std::string(kStartNode));
 }
 
+std::string ModelCatalog::userModelsPath() const { return run_.AppDir + std::string(kUserModelsFile); }
+
 void ModelCatalog::loadUserModels() {
     log_.logEvent("Opening usermdls.txt");
     std::unique_ptr<TextReader> file;
     try {
-        file = files_.openText(run_.AppDir + std::string(kUserModelsFile));
+        file = files_.openText(userModelsPath());
     } catch (const FileFailure&) {
         log_.logEvent("Couldn't open usermdls.txt");
         return;

@@ -5,6 +5,7 @@
 #include "platform/ground.h"
 
 #include <string>
+#include <string_view>
 
 namespace gatehouse {
 
@@ -20,6 +21,9 @@ struct ModelEntry {
 
 using ModelTree = Table<ModelEntry>;
 
+/// The skin that a model stands for where none is named.
+inline constexpr std::string_view kDefaultSkin = "Default";
+
 /// The catalog of models and skins: the tree `mdltree`, the standard models and the file `usermdls.txt`.
 class ModelCatalog {
 public:
@@ -27,6 +31,8 @@ public:
 
     /// The current row is the selected node.
     ModelTree mdltree;
+
+    std::string userModelsPath() const;
 
     /// Empties the tree and fills it with the standard models and skins.
     void loadStandardModels();

@@ -11,12 +11,8 @@ namespace gatehouse {
 namespace {
 
 constexpr std::string_view kDefinitionEnd = "ghm";
-constexpr std::string_view kArchiveEnd = "pk3";
-constexpr std::string_view kGameArchive = "pak0.pk3";
 constexpr std::string_view kGameCode = "qagame.qvm";
-constexpr int kArchiveExtent = 100;
-constexpr double kPulseEnd = 99.9;
-constexpr double kPulseStep = 0.03;
+constexpr double kArchiveExtent = 100;
 
 /// Game types of a mod that is known by its loose game code alone. Single player is not offered.
 void offerUsualGameTypes(ModEntry& mod) {
@@ -37,14 +33,16 @@ ModEntry modOfFolder(const std::string& dir) {
 
 void ModDiscovery::scanForMods() {
     log_.logEvent("scanning for mods");
-    q3getmods.busy.set(true);
+    const Hourglass hourglass(run_);
+    const Showing showing(q3getmods);
     events_.yield();
     // Definition files come first: a folder that one of them names is not added again.
     readDefinitions();
     recoverGameDir(run_, store_);
     for (const FolderEntry& folder : files_.listFolder(run_.GameDir).folders) scanGameFolder(folder);
-    q3getmods.busy.set(false);
+    run_.hourglass.set(false);
     events_.yield();
+    if (q3getmods.stopped()) log_.logEvent("scan stopped by user");
     log_.logEvent("found " + std::to_string(mods_.modCount()) + " mods.");
 }
 
@@ -68,33 +66,38 @@ void ModDiscovery::scanGameFolder(const FolderEntry& folder) {
 }
 
 void ModDiscovery::scanArchive(const FolderEntry& archive, const std::string& dir) {
+    if (q3getmods.stopped()) return;
     log_.logEvent("scanning " + archive.name);
-    q3getmods.modlabel.set("Scanning " + archive.name);
-    q3getmods.modprogMax.set(kArchiveExtent);
-    q3getmods.modprog.set(0);
+    q3getmods.place.set("Scanning " + archive.name);
+    q3getmods.startBar(kArchiveExtent);
     // A mod that is known from an archive alone offers no game types.
     if (holdsGameCode(archive) && !known(dir)) mods_.add(modOfFolder(dir));
 }
 
 bool ModDiscovery::holdsGameCode(const FolderEntry& archive) {
+    const auto opened = archives_.open(archive.path);
+    if (!opened) {
+        log_.logEvent("couldn't read archive " + archive.path, true);
+        return false;
+    }
     bool found = false;
-    const bool listed = archives_.list(archive.path, [&](const std::string& entry) {
-        const double progress = q3getmods.modprog.get();
-        q3getmods.modprog.set((progress >= kPulseEnd ? 0 : progress) + kPulseStep);
+    opened->list([&](const std::string& entry) {
+        q3getmods.pulse();
+        pace_.breathe();
         found = found || findNoCase(entry, kGameCode) != 0;
     });
-    if (!listed) log_.logEvent("couldn't read archive " + archive.path, true);
     return found;
 }
 
 void ModDiscovery::scanSubFolder(const FolderEntry& subFolder, const std::string& dir) {
     const std::string place = dir + "\\" + subFolder.name;
+    if (q3getmods.stopped()) return;
     log_.logEvent("scanning folder " + place);
-    q3getmods.modlabel.set("Scanning folder " + place);
+    q3getmods.place.set("Scanning folder " + place);
+    pace_.breathe();
     const FolderListing listing = files_.listFolder(subFolder.path);
     if (listing.files.empty()) return;
-    q3getmods.modprogMax.set(static_cast<int>(listing.files.size()));
-    q3getmods.modprog.set(0);
+    q3getmods.startBar(static_cast<double>(listing.files.size()));
     for (const FolderEntry& file : listing.files) {
         if (equalNoCase(file.name, kGameCode) && !known(dir)) {
             ModEntry mod = modOfFolder(dir);
@@ -102,7 +105,7 @@ void ModDiscovery::scanSubFolder(const FolderEntry& subFolder, const std::string
             mods_.add(std::move(mod));
             log_.logEvent("Found mod: " + dir);
         }
-        q3getmods.modprog.set(q3getmods.modprog.get() + 1);
+        q3getmods.progress.set(q3getmods.progress.get() + 1);
     }
 }
 

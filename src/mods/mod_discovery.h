@@ -1,26 +1,19 @@
 #pragma once
 
 #include "base/log.h"
-#include "base/observable.h"
 #include "base/options.h"
 #include "base/run_state.h"
+#include "base/scan_view.h"
 #include "mods/mod_table.h"
 #include "platform/archives.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/ground.h"
+#include "platform/pace.h"
 
 #include <string>
 
 namespace gatehouse {
-
-/// What the dialog `q3getmods` shows while mods are searched for.
-struct ModScanView {
-    Observable<bool> busy{false};      ///< the hourglass
-    Observable<std::string> modlabel;  ///< the archive or folder being searched
-    Observable<double> modprog{0};
-    Observable<int> modprogMax{100};
-};
 
 /// Finds the mods: those with a definition file in `mods\` of the program folder, and the folders of the game that hold
 /// game code, in an archive or loose.
@@ -33,12 +26,13 @@ public:
           events_(ground.events),
           store_(ground.options),
           run_(ground.run),
+          pace_(ground.pace),
           mods_(mods) {}
 
-    /// Adds all mods to the table. Fails when the game's folder can't be listed.
+    /// Adds all mods to the table, with the scan's window on show. Fails when the game's folder can't be listed.
     void scanForMods();
 
-    ModScanView q3getmods;
+    ScanView q3getmods{{"q3getmods", "modlabel", "modentry", "modprog"}, "Looking for Mods"};
 
 private:
     void readDefinitions();
@@ -54,6 +48,7 @@ private:
     EventLoop& events_;
     Options& store_;
     RunState& run_;
+    Pace& pace_;
     ModTable& mods_;
 };
 

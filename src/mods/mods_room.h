@@ -15,6 +15,7 @@ class ModsRoom : public Room {
 public:
     ModsRoom(const Ground& ground, const Services& services, SettingsDocument& doc)
         : discovery(ground, services.archives, table), choice(table, doc, ground.run), aliases(ground, doc.bindlist) {
+        has(discovery.q3getmods.q3scan);
         restores(table);
     }
 

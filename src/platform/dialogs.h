@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace gatehouse {
 
@@ -31,6 +32,13 @@ struct FileDialog {
     std::string mustExist = {};
 };
 
+/// A list for a person to read and to copy. Plain text.
+struct ListBox {
+    std::string title;
+    std::string text;  ///< what the list is about
+    std::vector<std::string> lines;
+};
+
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
@@ -38,6 +46,8 @@ public:
     virtual bool canAsk() const = 0;
     /// Shows the box and returns when it is answered.
     virtual Answer show(const MessageBox& box) = 0;
+    /// Shows the list and returns when it is closed.
+    virtual void showList(const ListBox& list) = 0;
     /// The chosen path, or nothing on cancel. Accepts a name that does not exist.
     virtual std::optional<std::string> openFile(const FileDialog& dialog) = 0;
     /// The chosen path, or nothing on cancel. Its folder exists, and its name has an ending of the chosen filter. Asks

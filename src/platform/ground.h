@@ -8,6 +8,7 @@ class EventLoop;
 class Files;
 class Log;
 class Options;
+class Pace;
 struct RunState;
 
 /// What nearly every class of the program stands on. All of it outlives them.
@@ -19,6 +20,7 @@ struct Ground {
     Options& options;
     RunState& run;
     CommandFlags& flags;
+    Pace& pace;
 };
 
 }  // namespace gatehouse

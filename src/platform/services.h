@@ -9,6 +9,7 @@ class DesktopWindows;
 class Dialogs;
 class EventLoop;
 class Files;
+class Pictures;
 class Processes;
 class Random;
 class SettingsStore;
@@ -26,6 +27,7 @@ struct Services {
     DesktopWindows& windows;
     Processes& processes;
     Archives& archives;
+    Pictures& pictures;
     UdpSocket& socket;
     Viewers& viewers;
     Random& random;

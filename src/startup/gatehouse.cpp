@@ -17,8 +17,9 @@ namespace gatehouse {
 namespace {
 
 /// The order in which forms are unloaded, by their names; one that isn't named goes last.
-constexpr std::array<std::string_view, 7> kUnloadOrder = {"q3newbot",      "q3newip",   "q3about",  "q3keyboard",
-                                                          "q3resetprompt", "q3options", "q3players"};
+constexpr std::array<std::string_view, 11> kUnloadOrder = {
+    "q3newbot", "q3newip", "q3about", "q3keyboard", "q3pakmaps", "q3resetprompt",
+    "q3options", "q3players", "q3getmaps", "q3getmdl", "q3getmods"};
 
 auto unloadPlace(const Form* form) { return std::find(kUnloadOrder.begin(), kUnloadOrder.end(), form->name); }
 
@@ -30,14 +31,15 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
       startup(services),
       config(startup.ground, *this, startup.options.ghcdir, startup.options.q3overwrite),
       mods(startup.ground, services, config.doc),
-      content(startup.ground, config.doc),
+      content(startup.ground, services, config.doc, startup.q3.q3status),
       servers(startup.ground, services, mods.table, startup.options.ghcdir, startup.options.q3pingwait),
       launch(startup.ground, services,
              {config.doc, mods.table, *this, mods.aliases, servers.iplist, startup.options.q3runoptions,
               startup.options.extracmdline}),
       benchmark(startup.ground),
       rules(startup, services, config, mods, content, servers),
-      rescue(startup.ground, services.clock, rescueKinds()) {
+      rescue(startup.ground, services.clock, rescueKinds()),
+      update_(startup.ground, content) {
     tieRooms();
 }
 
@@ -61,7 +63,7 @@ void Gatehouse::tieRooms() {
     follow_.on(rules.optionsRules.closeWanted, [this] { closeAllWindows(); });
     for (Form* form : forms())
         follow_.on(form->changed, [this, form] {
-            if (!form->get() && !closing_) q3_Activate();
+            if (!form->get() && !closing_ && startup.q3.visible.get()) q3_Activate();
         });
 }
 

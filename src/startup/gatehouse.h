@@ -10,6 +10,7 @@
 #include "mods/mods_room.h"
 #include "platform/services.h"
 #include "servers/servers_room.h"
+#include "startup/ghtools.h"
 #include "startup/rescue.h"
 #include "startup/startup_room.h"
 #include "window/rules/window_room.h"
@@ -86,6 +87,8 @@ public:
     Rescue rescue;
 
 private:
+    VersionUpdate update_;
+
     // Steps of the load sequence.
     void checkRunningCopy();
     void setProgramPaths();
@@ -100,6 +103,8 @@ private:
     void placePanels();
     void fillInitialValues();
     void findMods();
+    void findUserMaps();
+    void findUserModels();
     void chooseDocument();
     bool loadChosenDocument();
     void showMainWindow();

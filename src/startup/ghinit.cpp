@@ -39,7 +39,8 @@ void Gatehouse::StartupDriver() {
     mods.aliases.loadAliases();
     servers.lists.LoadServerList(run.CurrentServerList);
     findMods();
-    content.models.loadUserModels();
+    findUserMaps();
+    findUserModels();
     chooseDocument();
     if (!loadChosenDocument()) return;
     content.maps.markRotation(config.doc.maplist);
@@ -133,6 +134,8 @@ void Gatehouse::checkVersion() {
         return;
     }
     log.logEvent("->different version. registry says " + quoted(stored));
+    log.logEvent("->doing version update if required");
+    update_.versionUpdate(stored);
     startup.store.setOption("ghversion", run.VersionString);
 }
 
@@ -209,7 +212,30 @@ void Gatehouse::findMods() {
     findGameAgain();
     mods.discovery.scanForMods();
     mods.choice.fillModcombo(services_.files);
+}
+
+void Gatehouse::findUserMaps() {
+    if (!services_.files.fileExists(content.maps.userMapsPath())) {
+        services_.dialogs.show({.title = "User Map Search",
+                                .text = "Gatehouse will now extract the map names & descriptions\r\n"
+                                        "from any non-standard PAK files in your BASEQ3 folder or the\r\n"
+                                        "MAPS folder. This may take a minute or two.",
+                                .icon = Icon::Information});
+        content.mapScan.run();
+    }
     content.maps.loadUserMaps();
+}
+
+void Gatehouse::findUserModels() {
+    if (!services_.files.fileExists(content.models.userModelsPath())) {
+        services_.dialogs.show({.title = "User Model Search",
+                                .text = "Gatehouse will now extract the models & skins\r\n"
+                                        "from any non-standard PAK files in your BASEQ3 folder or the\r\n"
+                                        "Models folder. This may take a minute or two.",
+                                .icon = Icon::Information});
+        content.modelScan.run();
+    }
+    content.models.loadUserModels();
 }
 
 void Gatehouse::chooseDocument() {

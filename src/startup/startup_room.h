@@ -4,6 +4,7 @@
 #include "base/room.h"
 #include "base/run_state.h"
 #include "platform/ground.h"
+#include "platform/pace.h"
 #include "platform/services.h"
 #include "startup/event_log.h"
 #include "startup/findq3a.h"
@@ -26,6 +27,7 @@ public:
     MainView q3;
     EventLog log;
     OptionStore store;
+    Pace pace;
     const Ground ground;
     OptionKeeper keeper;
     GameFinder finder;

@@ -7,6 +7,7 @@
 #include "window/dialogs/mod_dialog.h"
 #include "window/dialogs/new_bot_dialog.h"
 #include "window/dialogs/options_dialog.h"
+#include "window/dialogs/pak_maps_dialog.h"
 #include "window/dialogs/players_dialog.h"
 #include "window/dialogs/reset_prompt.h"
 
@@ -30,6 +31,10 @@ constexpr FormView kFormViews[] = {
     {"q3keyboard",
      [](Gatehouse& program, QWidget* parent) -> QDialog* {
          return new KeyboardDialog(program.rules.keyRules, parent);
+     }},
+    {"q3pakmaps",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* {
+         return new PakMapsDialog(program.content.mapCommands.pakMaps, parent);
      }},
     {"q3resetprompt",
      [](Gatehouse& program, QWidget* parent) -> QDialog* { return new ResetPrompt(program.rules.tabReset, parent); }},

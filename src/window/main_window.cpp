@@ -3,6 +3,7 @@
 #include "platform/qt/shown_text.h"
 #include "startup/gatehouse.h"
 #include "window/form_views.h"
+#include "window/preview_window.h"
 #include "window/tabs/settings_tabs.h"
 #include "window/tabs/table_tabs.h"
 #include "window/widgets/binders.h"
@@ -52,9 +53,9 @@ QWidget* makeTabContent(Frame frame, Gatehouse& program) {
             return makeServersTab(program.servers.iplist, program.servers.commands, program.servers.query,
                                   program.flags);
         case kMapsFrame:
-            return makeMapsTab(doc, program.content.maps, program.rules.rotationRules, program.flags);
+            return makeMapsTab(doc, program.content, program.rules.rotationRules, program.flags);
         case kPlayerFrame:
-            return makePlayerTab(doc, program.rules.playerRules, program.content.models, program.run);
+            return makePlayerTab(doc, program.rules.playerRules, program.content);
         case kKeysFrame:
             return makeKeysTab(doc, program.rules.keyRules);
         case kBotsFrame:
@@ -264,6 +265,11 @@ void MainWindow::offerForm(Form& form) {
 void MainWindow::followProgram() {
     follow(this, program_.run.title, [this](const std::string& title) { setWindowTitle(shownTitle(title)); });
     for (Form* form : program_.forms()) offerForm(*form);
+    Preview& preview = program_.content.preview;
+    listen(this, preview.q3levelshot.changed, [this, &preview, made = false]() mutable {
+        if (preview.q3levelshot.get() && !std::exchange(made, true)) new PreviewWindow(preview, this);
+    });
+    follow(this, program_.run.hourglass, [this](bool on) { on ? setCursor(Qt::WaitCursor) : unsetCursor(); });
     MainView& view = program_.startup.q3;
     const auto size = [this, &view] { resizeTo(view.width.get(), view.height.get()); };
     size();

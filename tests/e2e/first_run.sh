@@ -21,6 +21,11 @@ finish_first_run() {
     wait_for_window '^First Time Setup'
     picture "$1-backup"
     press Return
+    wait_for_window '^User Map Search'
+    picture "$1-maps"
+    press Return
+    wait_for_window '^User Model Search'
+    press Return
     title=$(program_path "$app/default.ghc")
     wait_for_window "^${title//\\/.}"
     picture "$1-window"
@@ -36,6 +41,8 @@ finish_first_run() {
     expect_file "$app/default.ghs"
     expect_file "$app/mods/00-baseq3.ghm"
     [[ -d $app/levelshots ]] || fail 'no folder for level shots'
+    expect_file "$app/usermaps.txt"
+    expect_file "$app/usermdls.txt"
 }
 
 # Every option of a first run, with its value.

@@ -16,9 +16,10 @@ struct ModDiscoveryTest : testing::Test {
         world.files.addFolder("C:\\q3\\baseq3");
     }
 
-    void putArchive(const std::string& path, std::vector<std::string> entries) {
-        world.files.put(path, "");
-        world.archives.entries[lower(path)] = std::move(entries);
+    void putArchive(const std::string& path, const std::vector<std::string>& names) {
+        std::vector<fake::FakeArchives::Entry> entries;
+        for (const std::string& name : names) entries.push_back({name});
+        world.archives.put(path, std::move(entries));
     }
     /// Names and folders of all mods, in order.
     std::string found() {
@@ -53,7 +54,7 @@ TEST_F(ModDiscoveryTest, DefinitionFilesComeFirstAndWinOverTheirFolders) {
                                         "scanning broken.pk3", "!couldn't read archive C:\\q3\\bad\\broken.pk3",
                                         "scanning ctf.pk3", "scanning more.pk3", "scanning folder ctf\\vm",
                                         "scanning osp.PK3", "found 3 mods."}));
-    EXPECT_FALSE(discovery.q3getmods.busy.get());
+    EXPECT_FALSE(discovery.q3getmods.q3scan.get() || run.hourglass.get());
 }
 
 TEST_F(ModDiscoveryTest, LooseGameCodeOffersTheUsualGameTypes) {

@@ -6,6 +6,7 @@
 
 #include <zip.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace gatehouse {
@@ -33,9 +34,10 @@ void makeArchive(const std::string& native, const std::vector<Entry>& entries) {
 class ArchivesTest : public ::testing::Test {
 protected:
     void make(const std::vector<Entry>& entries) { makeArchive(scratch.native("Pak.PK3"), entries); }
-    bool extract(const std::string& entry) {
+    bool extract(const std::string& entry, std::uint64_t most = 1 << 30) {
         scratch.makeFolder("target");
-        return archives.extract(scratch.path("pak.pk3"), entry, scratch.path("target\\"));
+        const auto archive = archives.open(scratch.path("pak.pk3"));
+        return archive && !archive->extract(entry, most, scratch.path("target\\"), {});
     }
     /// Number of files and folders anywhere in the scratch folder.
     long count() const {
@@ -86,8 +88,47 @@ TEST_F(ArchivesTest, NothingLandsOutside) {
     const long before = count();
     for (const auto& name : hostile) EXPECT_FALSE(extract(name)) << name;
     EXPECT_FALSE(extract("missing"));
-    EXPECT_FALSE(archives.extract(scratch.path("pak.pk3"), "linked/x", scratch.path("none")));
+    for (const auto& name : hostile) EXPECT_TRUE(archives.store("x", name, scratch.path("target"))) << name;
+    EXPECT_TRUE(archives.open(scratch.path("pak.pk3"))->extract("folder", 1, scratch.path("none"), {}));
     EXPECT_EQ(count(), before);
+}
+
+TEST_F(ArchivesTest, WhatIsHandedOnInPiecesCountsOnlyWhole) {
+    std::string content;
+    for (int i = 0; content.size() < 70'000; ++i) content += std::to_string(i % 1000);
+    content.resize(70'003);
+    make({{"maps/a.bsp", content}, {"empty", ""}});
+    const auto read = [this](const std::string& entry, std::uint64_t most, std::string& bytes, std::size_t& pieces) {
+        const auto archive = archives.open(scratch.path("pak.pk3"));
+        return archive->read(entry, most, 32768, [&](std::uint64_t size, std::string_view piece) {
+            EXPECT_TRUE(piece.size() == 32768 || bytes.size() + piece.size() == size);
+            bytes += piece;
+            ++pieces;
+        });
+    };
+    struct Case {
+        const char* entry;
+        std::uint64_t most;
+        bool whole;
+        std::size_t pieces;
+    };
+    for (const Case& one : {Case{"maps/a.bsp", 70'003, true, 3}, Case{"MAPS/A.BSP", 1 << 20, true, 3},
+                            Case{"maps/a.bsp", 70'002, false, 0}, Case{"empty", 0, true, 0}, Case{"b", 9, false, 0}}) {
+        std::string bytes;
+        std::size_t pieces = 0;
+        EXPECT_EQ(!read(one.entry, one.most, bytes, pieces), one.whole) << one.entry;
+        EXPECT_EQ(pieces, one.pieces) << one.entry;
+        EXPECT_TRUE(!one.whole || bytes == (one.most == 0 ? "" : content));
+    }
+    // One other byte in the middle of what is packed, and every cut of the file.
+    const std::string file = scratch.content("Pak.PK3");
+    std::string damaged = file;
+    damaged[60] = static_cast<char>(damaged[60] ^ 0x55);
+    for (std::size_t length = file.size(); length > 0; length -= std::min<std::size_t>(length, 97)) {
+        scratch.put("Pak.PK3", length == file.size() ? damaged : file.substr(0, length - 1));
+        EXPECT_FALSE(extract("maps/a.bsp")) << length;
+        EXPECT_FALSE(std::filesystem::exists(scratch.native("target/maps/a.bsp")));
+    }
 }
 
 }  // namespace

@@ -45,6 +45,62 @@ TEST_F(LoadSequenceTest, AnOrdinaryStartEndsWithTheWindowAndTheLastDocument) {
     EXPECT_EQ(used, 5);  // q3dm7 stands in two classes
 }
 
+TEST_F(LoadSequenceTest, MapsAndModelsAreSearchedForWhereTheirListsAreMissing) {
+    for (const char* list : {"C:\\gh\\usermaps.txt", "C:\\gh\\usermdls.txt"}) world.files.deleteFile(list, true);
+    world.archives.put("C:\\Q3\\baseq3\\a.pk3", {{"maps/new.bsp", std::string(40'000, ' ') + "\"message\" \"New\""},
+                                                  {"models/players/robot/upper_red.skin"}});
+    for (const char* title : {"User Map Search", "User Model Search"}) world.dialogs.answer(title, Answer::Ok);
+    program.StartupDriver();
+    const auto& maps = program.content.maps.maptree;
+    EXPECT_EQ(maps.at(maps.count()).text, "NEW New");
+    EXPECT_TRUE(program.content.models.selectModel("Robot\\Red"));
+    EXPECT_TRUE(logged("finished extracting 1 new maps, 0 new map previews") && world.dialogs.shown.size() == 2);
+}
+
+TEST_F(LoadSequenceTest, OptionsOfAnEarlierVersionAreBroughtUpToThisOne) {
+    struct Case {
+        const char* version;
+        bool folders, scan, scanned;
+    };
+    for (const Case& one : {Case{"", true, true, true}, Case{"00.02.50", false, true, true},
+                            Case{"00.02.49", true, true, false}, Case{"00.02.55", false, false, false},
+                            Case{"00.09.00", false, false, false}, Case{"0.3", false, false, false}}) {
+        fake::UsedWorld old;
+        old.settings.values["lastcfg"] = "war.ghc";
+        old.files.put("C:\\gh\\war.ghc", "seta sv_hostname \"War\"\r\n");
+        old.settings.values["ghversion"] = one.version;
+        if (*one.version == '\0') old.settings.values.erase("ghversion");
+        old.files.put("C:\\Q3\\baseq3\\maps\\new.bsp", std::string(40'000, ' ') + "\"message\" \"New\"");
+        if (one.scan) {
+            old.dialogs.answer("Gatehouse Upgrade", one.scanned ? Answer::Yes : Answer::No);
+            for (const char* title : {"Map & Model Scan Complete.", "Upgrade Summary"}) old.dialogs.answer(title, Answer::Ok);
+        }
+        Gatehouse other(old.services, "C:\\gh");
+        other.StartupDriver();
+        const std::string from = *one.version == '\0' ? "00.00.00" : one.version;
+        EXPECT_EQ(other.run.title.get(), one.folders ? "c:\\gh\\war.ghc" : "c:\\gh\\default.ghc") << from;
+        EXPECT_EQ(old.settings.values["ghversion"], "00.03.03");
+        EXPECT_EQ(old.files.content("C:\\gh\\usermaps.txt"), one.scanned ? "NEW New\r\n" : "") << from;
+        EXPECT_EQ(old.dialogs.shown.size(), one.scan ? 3U : 0U) << from;
+        if (!one.scan) continue;
+        EXPECT_EQ(old.dialogs.shown[2].text,
+                  "The following actions were taken upgrading from\r\nGatehouse version " + from +
+                      " to 00.03.03:\r\n\r\n" +
+                      (one.folders ? "  - Updated registry key: LASTCFG\r\n  - Created registry key: GHCDIR\r\n" : "") +
+                      (one.scanned ? "  - Scanned for new maps/models\r\n" : "  - Did not get new maps/models\r\n"));
+        EXPECT_EQ(old.dialogs.shown[1].text.starts_with("Maps/models extracted Successfully.\r\n\r\n"), one.scanned);
+    }
+    // A scan that can't be made costs no option.
+    world.settings.values["ghversion"] = "00.02.54";
+    world.settings.values["basedir"] = "C:\\Q3\\";
+    world.files.deleteFolder("C:\\Q3\\baseq3");
+    for (const char* title : {"Gatehouse Upgrade", "Map & Model Scan Complete.", "Upgrade Summary"})
+        world.dialogs.answer(title, Answer::Yes);
+    program.StartupDriver();
+    EXPECT_EQ(world.settings.values["exepath"], "C:\\Q3\\quake3.exe");
+    EXPECT_TRUE(world.dialogs.shown[2].text.ends_with("  - Did not get new maps/models\r\n"));
+}
+
 TEST_F(LoadSequenceTest, OptionsThatCannotBeReadAreErasedAfterABox) {
     for (const auto& [key, text] : {std::pair("startwith", "abc"), {"runoptions", "7"}, {"showconsole", "maybe"}}) {
         fake::UsedWorld fresh;

@@ -78,7 +78,9 @@ TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscapeAndByItsButtons) {
     program.servers.addressForm.ip1.setText("127.0.0.1");
     program.servers.addressForm.port.setText("27960");
     int left = 0;
-    for (Form* form : program.forms())
+    for (Form* form : program.forms()) {
+        const std::string_view name = form->name;
+        if (name == "q3getmaps" || name == "q3getmdl" || name == "q3getmods") continue;  // those end with their scans
         for (const char* way : {"", "q3aboutOK", "newipOK", "newipCancel", "newbotcancel", "kw", "q3resetcancel",
                                 "optionsOK", "plistclose", "modclose"}) {
             SCOPED_TRACE(std::string(form->name) + way);
@@ -92,6 +94,7 @@ TEST_F(MainWindowTest, EveryFormComesUpAndIsLeftByEscapeAndByItsButtons) {
             EXPECT_FALSE(form->get() || QApplication::activeModalWidget());
             left += *way && button;
         }
+    }
     EXPECT_EQ(left, 9);
 }
 

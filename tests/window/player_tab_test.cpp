@@ -16,7 +16,7 @@ class PlayerTabTest : public testing::Test {
 protected:
     PlayerTabTest() {
         program.StartupDriver();
-        tab.reset(makePlayerTab(program.config.doc, program.rules.playerRules, program.content.models, program.run));
+        tab.reset(makePlayerTab(program.config.doc, program.rules.playerRules, program.content));
         tab->resize(900, 600);
         tab->show();
     }

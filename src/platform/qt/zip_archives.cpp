@@ -14,6 +14,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace gatehouse {
@@ -21,14 +23,18 @@ namespace gatehouse {
 namespace {
 
 constexpr std::size_t kLongestName = 4096;
-constexpr std::uint64_t kLargestEntry = std::uint64_t{1} << 30;
+constexpr std::size_t kPiece = 65536;
 
-struct ArchiveCloser {
+constexpr const char* kLeadsOut = "its name leads out of the folder, or is no file's";
+constexpr const char* kDamaged = "it is damaged";
+constexpr const char* kNotWritten = "it could not be written";
+
+struct ZipCloser {
     void operator()(zip_t* archive) const { ::zip_discard(archive); }
     void operator()(zip_file_t* entry) const { ::zip_fclose(entry); }
 };
-using Archive = std::unique_ptr<zip_t, ArchiveCloser>;
-using EntryStream = std::unique_ptr<zip_file_t, ArchiveCloser>;
+using ZipHandle = std::unique_ptr<zip_t, ZipCloser>;
+using EntryStream = std::unique_ptr<zip_file_t, ZipCloser>;
 
 /// Names the system's own time zone while it lives. The library works out a local time for each entry, and without a
 /// name the C library looks at the zone's file each time, which takes longer than all the rest.
@@ -46,15 +52,6 @@ public:
 private:
     bool unset_;
 };
-
-Archive openArchive(const std::string& path) {
-    const auto native = resolveExisting(path);
-    struct stat found {};
-    if (!native || ::stat(native->c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return nullptr;
-    const NamedTimeZone zone;
-    int error = 0;
-    return Archive(::zip_open(native->c_str(), ZIP_RDONLY, &error));
-}
 
 /// The parts of an entry's name as a path below a folder; nothing for a name that leads anywhere else.
 std::vector<std::string> partsBelow(std::string name) {
@@ -124,68 +121,130 @@ private:
     bool present_ = false;
 };
 
-/// Unpacks an entry whole. False for a fault, or when it doesn't keep to the size that it claims.
-bool unpack(zip_t* archive, zip_uint64_t index, ScratchFile& target) {
-    zip_stat_t info;
-    if (::zip_stat_index(archive, index, 0, &info) != 0 || !(info.valid & ZIP_STAT_SIZE)) return false;
-    if (info.size > kLargestEntry) return false;
-    const EntryStream stream(::zip_fopen_index(archive, index, 0));
-    if (!stream) return false;
+/// A new file below a folder, at the place that its parts name; there once `finish` has said so.
+class PlacedFile {
+public:
+    PlacedFile(const std::string& folder, std::vector<std::string> parts) : parts_(std::move(parts)) {
+        if (const auto target = resolveExisting(folder))
+            top_ = Descriptor(::open(target->c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (top_) scratch_.emplace(top_);
+    }
 
-    std::vector<char> buffer(65536);
+    bool write(std::string_view bytes) { return scratch_ && *scratch_ && scratch_->write(bytes.data(), bytes.size()); }
+    bool finish() {
+        if (!scratch_ || !*scratch_ || !scratch_->close()) return false;
+        Descriptor place = openFolder(top_.get(), ".");
+        for (std::size_t i = 0; i + 1 < parts_.size(); ++i) {
+            place = enterFolder(place, parts_[i]);
+            if (!place) return false;
+        }
+        const std::string& file = parts_.back();
+        return scratch_->moveTo(place, existingName(place.get(), ".", file).value_or(file));
+    }
+
+private:
+    std::vector<std::string> parts_;
+    Descriptor top_;
+    std::optional<ScratchFile> scratch_;
+};
+
+class ZipArchive : public Archive {
+public:
+    explicit ZipArchive(ZipHandle zip) : zip_(std::move(zip)) {}
+
+    void list(const std::function<void(const std::string&)>& onEntry) override;
+    EntryFault read(const std::string& entry, std::uint64_t most, std::size_t pieceSize,
+                    const TakePiece& take) override;
+    EntryFault extract(const std::string& entry, std::uint64_t most, const std::string& folder,
+                       const std::function<void()>& onPiece) override;
+
+private:
+    const char* nameAt(zip_uint64_t index) const { return ::zip_get_name(zip_.get(), index, ZIP_FL_ENC_RAW); }
+    std::optional<zip_uint64_t> locate(const std::string& entry) const;
+
+    ZipHandle zip_;
+};
+
+void ZipArchive::list(const std::function<void(const std::string&)>& onEntry) {
+    const auto count = static_cast<zip_uint64_t>(::zip_get_num_entries(zip_.get(), 0));
+    std::string name;
+    for (zip_uint64_t i = 0; i < count; ++i) {
+        const char* stored = nameAt(i);
+        if (!stored) continue;
+        name = stored;
+        if (name.size() <= kLongestName) onEntry(name);
+    }
+}
+
+std::optional<zip_uint64_t> ZipArchive::locate(const std::string& entry) const {
+    for (const zip_flags_t how : {zip_flags_t{0}, zip_flags_t{ZIP_FL_NOCASE}}) {
+        const zip_int64_t index = ::zip_name_locate(zip_.get(), entry.c_str(), ZIP_FL_ENC_RAW | how);
+        if (index >= 0) return static_cast<zip_uint64_t>(index);
+    }
+    return std::nullopt;
+}
+
+EntryFault ZipArchive::read(const std::string& entry, std::uint64_t most, std::size_t pieceSize,
+                            const TakePiece& take) {
+    const auto index = locate(entry);
+    if (!index) return "there is no such entry";
+    if (partsBelow(nameAt(*index)).empty()) return kLeadsOut;
+    zip_stat_t info;
+    if (::zip_stat_index(zip_.get(), *index, 0, &info) != 0 || !(info.valid & ZIP_STAT_SIZE)) return kDamaged;
+    if (info.size > most) return "it is larger than " + std::to_string(most >> 20) + " MiB";
+    const EntryStream stream(::zip_fopen_index(zip_.get(), *index, 0));
+    if (!stream) return "it can't be unpacked";
+
+    std::vector<char> buffer(pieceSize);
     std::uint64_t total = 0;
     for (;;) {
-        const zip_int64_t count = ::zip_fread(stream.get(), buffer.data(), buffer.size());
-        if (count < 0) return false;
-        if (count == 0) return total == info.size;
-        total += static_cast<std::uint64_t>(count);
-        if (total > info.size || !target.write(buffer.data(), static_cast<std::size_t>(count))) return false;
+        std::size_t filled = 0;
+        while (filled < buffer.size()) {
+            const zip_int64_t count = ::zip_fread(stream.get(), buffer.data() + filled, buffer.size() - filled);
+            if (count < 0) return kDamaged;  // its checksum among other things
+            if (count == 0) break;
+            filled += static_cast<std::size_t>(count);
+        }
+        total += filled;
+        if (total > info.size) return "it is larger than it claims";
+        if (filled > 0) take(info.size, {buffer.data(), filled});
+        if (filled < buffer.size()) return total == info.size ? EntryFault() : kDamaged;
     }
+}
+
+EntryFault ZipArchive::extract(const std::string& entry, std::uint64_t most, const std::string& folder,
+                               const std::function<void()>& onPiece) {
+    const auto index = locate(entry);
+    if (!index) return "there is no such entry";
+    std::vector<std::string> parts = partsBelow(nameAt(*index));
+    if (parts.empty()) return kLeadsOut;
+    PlacedFile file(folder, std::move(parts));
+    bool written = true;
+    const EntryFault fault = read(entry, most, kPiece, [&](std::uint64_t, std::string_view piece) {
+        written = written && file.write(piece);
+        if (onPiece) onPiece();
+    });
+    if (fault) return fault;
+    return written && file.finish() ? EntryFault() : kNotWritten;
 }
 
 }  // namespace
 
-bool ZipArchives::list(const std::string& archive, const std::function<void(const std::string&)>& onEntry) {
-    const Archive opened = openArchive(archive);
-    if (!opened) return false;
-    const auto count = static_cast<zip_uint64_t>(::zip_get_num_entries(opened.get(), 0));
-    std::vector<const char*> names(count);
-    for (zip_uint64_t i = 0; i < count; ++i) {
-        names[i] = ::zip_get_name(opened.get(), i, ZIP_FL_ENC_RAW);
-        if (!names[i]) return false;
-    }
-    std::string name;
-    for (const char* stored : names) {
-        name = stored;
-        if (name.size() <= kLongestName) onEntry(name);
-    }
-    return true;
+std::unique_ptr<Archive> ZipArchives::open(const std::string& path) {
+    const auto native = resolveExisting(path);
+    struct stat found {};
+    if (!native || ::stat(native->c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return nullptr;
+    const NamedTimeZone zone;
+    int error = 0;
+    ZipHandle zip(::zip_open(native->c_str(), ZIP_RDONLY, &error));
+    return zip ? std::make_unique<ZipArchive>(std::move(zip)) : nullptr;
 }
 
-bool ZipArchives::extract(const std::string& archive, const std::string& entry, const std::string& folder) {
-    const Archive opened = openArchive(archive);
-    const auto target = resolveExisting(folder);
-    if (!opened || !target) return false;
-    zip_int64_t index = ::zip_name_locate(opened.get(), entry.c_str(), ZIP_FL_ENC_RAW);
-    if (index < 0) index = ::zip_name_locate(opened.get(), entry.c_str(), ZIP_FL_ENC_RAW | ZIP_FL_NOCASE);
-    if (index < 0) return false;
-    const auto number = static_cast<zip_uint64_t>(index);
-    std::vector<std::string> parts = partsBelow(::zip_get_name(opened.get(), number, ZIP_FL_ENC_RAW));
-    if (parts.empty()) return false;
-    const std::string file = parts.back();
-    parts.pop_back();
-
-    const Descriptor top(::open(target->c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!top) return false;
-    ScratchFile scratch(top);
-    if (!scratch || !unpack(opened.get(), number, scratch) || !scratch.close()) return false;
-
-    Descriptor place = openFolder(top.get(), ".");
-    for (const std::string& part : parts) {
-        place = enterFolder(place, part);
-        if (!place) return false;
-    }
-    return scratch.moveTo(place, existingName(place.get(), ".", file).value_or(file));
+EntryFault ZipArchives::store(const std::string& bytes, const std::string& entry, const std::string& folder) {
+    std::vector<std::string> parts = partsBelow(entry);
+    if (parts.empty()) return kLeadsOut;
+    PlacedFile file(folder, std::move(parts));
+    return file.write(bytes) && file.finish() ? EntryFault() : kNotWritten;
 }
 
 }  // namespace gatehouse

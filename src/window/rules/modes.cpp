@@ -69,6 +69,7 @@ void ModeRules::sbar_GroupClick(std::int16_t group) {
     if (group == kListen || group == kDedicated) flags_.SetRunEnabled(!document_.maplist.empty());
     if (group == kBenchmark) benchmarkEntered.emit();
     log_.logEvent("Mode change. Now:" + quoted(kModes[static_cast<std::size_t>(group - 1)].caption));
+    tabLeft.emit();
     TabKey.set(std::string(kNoTab));
     sbar_ListItemClick(run_.FirstRun ? 1 : 2);
 }
@@ -82,6 +83,7 @@ void ModeRules::sbar_ListItemClick(std::int16_t item) {
     if (tab.key == TabKey.get()) return;
     TabKey.set(std::string(tab.key));
     frameCaption.set(std::string(tab.caption));
+    tabLeft.emit();
     FrameShown.set(frame);
     enterFrame(frame);
     log_.logEvent("Switching to tab: " + quoted(tab.key));

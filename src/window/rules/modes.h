@@ -63,6 +63,8 @@ public:
     Observable<std::string> TabKey;
     Observable<std::int16_t> FrameShown{kNoFrame};
     Observable<std::string> frameCaption;  ///< caption of `sframe`
+    /// The tab on show goes.
+    Signal<> tabLeft;
     /// The table of this frame asks for the input focus.
     Signal<Frame> focusWanted;
     /// The mode of benchmarks begins: its lists are wanted.

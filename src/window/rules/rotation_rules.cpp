@@ -21,22 +21,8 @@ void RotationRules::giveFocus(std::string_view pane) {
 }
 
 void RotationRules::selectNextMap() {
-    maptree_.setCurrent(std::min(maptree_.current() + 1, maptree_.count()));
+    maps_.walkTo(std::min(maptree_.current() + 1, maptree_.count()));
     giveFocus(kTree);
-}
-
-int RotationRules::mark(const std::string& text, bool used) {
-    const std::string wanted = upper(text);
-    int last = 0;
-    for (int position = 1; position <= maptree_.count(); ++position) {
-        if (upper(trim(maptree_.at(position).text)) != wanted) continue;
-        last = position;
-        maptree_.update(position, [used](MapEntry& node) {
-            node.used = used;
-            node.image = used ? MapImage::UsedMap : MapImage::FreeMap;
-        });
-    }
-    return last;
 }
 
 void RotationRules::sortAndFocus() {
@@ -47,12 +33,12 @@ void RotationRules::sortAndFocus() {
 void RotationRules::add() {
     if (focusPane != kTree || maptree_.current() == 0) return;
     const MapEntry node = maptree_.at(maptree_.current());
-    if (!startsWith(node.key, "A") || node.used) return selectNextMap();
+    if (!isMap(node) || node.used) return selectNextMap();
     const std::string name = left(node.text, find(node.text, " "));
     maplist_.setCurrent(maplist_.append({positionText(maplist_.count() + 1), name, node.description}));
     log_.logEvent("added map " + quoted(name) + " to the map rotation list");
     sortAndFocus();
-    mark(trim(node.text), true);
+    maps_.mark(node.text, true);
     flags_.mtool2[1].set(true);
     if (maplist_.count() >= 2) flags_.mtool1.setAll(true);
     flags_.SetRunEnabled(true);
@@ -72,8 +58,8 @@ void RotationRules::remove() {
     const bool rowsRemain = !maplist_.empty();
     maplist_.setCurrent(std::min(selected, maplist_.count()));
     // The last map of all is meant to stay marked as used.
-    const int last = mark(map, !rowsRemain);
-    if (rowsRemain && last != 0) maptree_.setCurrent(last);
+    const int last = maps_.mark(map, !rowsRemain);
+    if (rowsRemain && last != 0) maps_.walkTo(last);
     flags_.mtool2[1].set(rowsRemain);
     flags_.mtool1.setAll(rowsRemain);
     flags_.SetRunEnabled(rowsRemain);

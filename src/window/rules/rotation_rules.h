@@ -17,8 +17,8 @@ namespace gatehouse {
 /// of each is the one selected.
 class RotationRules {
 public:
-    RotationRules(const Ground& ground, Rotation& maplist, MapTree& maptree)
-        : maplist_(maplist), maptree_(maptree), flags_(ground.flags), run_(ground.run), log_(ground.log) {}
+    RotationRules(const Ground& ground, Rotation& maplist, MapCatalog& maps)
+        : maplist_(maplist), maps_(maps), maptree_(maps.maptree), flags_(ground.flags), run_(ground.run), log_(ground.log) {}
 
     /// The pane that had the input focus last, "TREE" or "LIST"; empty at first.
     std::string focusPane;
@@ -47,19 +47,18 @@ public:
 
     /// The rotation is another one: sets what can be done with it.
     void rotationRestored();
+    void giveFocus(std::string_view pane);
     void restoreDesign() { focusPane.clear(); }
 
 private:
     void add();
     void remove();
-    void giveFocus(std::string_view pane);
     void selectNextMap();
-    /// Marks all nodes of that text, in any case, and returns the position of the last one, 0 if there is none.
-    int mark(const std::string& text, bool used);
     void sortAndFocus();
     void move(int step, std::string_view word);
 
     Rotation& maplist_;
+    MapCatalog& maps_;
     MapTree& maptree_;
     CommandFlags& flags_;
     RunState& run_;

@@ -10,7 +10,7 @@ WindowRoom::WindowRoom(StartupRoom& startup, const Services& services, ConfigRoo
       playerRules(config.doc),
       botsRules(startup.ground, config.doc),
       keyRules(startup.ground, config.doc.bindlist),
-      rotationRules(startup.ground, config.doc.maplist, content.maps.maptree),
+      rotationRules(startup.ground, config.doc.maplist, content.maps),
       tabReset({startup.ground, config.doc, servers.iplist, content.models, keyRules, modes.TabKey,
                 [&content](const std::string& path) { content.selectModel(path); }}),
       optionsRules({startup.ground, startup.finder, services.viewers, startup.options, config.documents,
@@ -22,6 +22,8 @@ WindowRoom::WindowRoom(StartupRoom& startup, const Services& services, ConfigRoo
         content.maps.markRotation(doc.maplist);
         rotationRules.rotationRestored();
     });
+    follow_.on(modes.tabLeft, [&content] { content.preview.hide(); });
+    follow_.on(content.mapCommands.focusWanted, [this] { rotationRules.giveFocus(RotationRules::kTree); });
     for (Form* form : {&botsRules.q3newbot, &q3about, &keyRules.q3keyboard, &tabReset.q3resetprompt,
                        &optionsRules.q3options, &modOptions.q3mod})
         has(*form);

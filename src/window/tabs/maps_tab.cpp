@@ -1,10 +1,11 @@
 #include "base/text.h"
-#include "content/map_catalog.h"
 #include "config/settings_document.h"
+#include "content/content_room.h"
 #include "window/rules/rotation_rules.h"
 #include "window/tabs/table_tabs.h"
 #include "window/widgets/table_tools.h"
 #include "window/widgets/table_view.h"
+#include "window/widgets/tree_search.h"
 #include "window/widgets/twips.h"
 
 #include <QFocusEvent>
@@ -67,7 +68,8 @@ private:
     std::function<void()> rule_;
 };
 
-TableView* makeTree(MapTree& maptree, RotationRules& rules) {
+TableView* makeTree(ContentRoom& content, RotationRules& rules) {
+    MapTree& maptree = content.maps.maptree;
     auto* tree = new TableView(new TableModel(
         maptree, TableLook<MapEntry>{.columns = {{"Map", [](const MapEntry& node) { return trim(node.text); }}},
                                      .ink = [](const MapEntry& node) { return node.used ? Ink::Grey : Ink::Normal; },
@@ -87,6 +89,8 @@ TableView* makeTree(MapTree& maptree, RotationRules& rules) {
     QObject::connect(tree, &QTreeView::expanded, tree, follower(true));
     QObject::connect(tree, &QTreeView::collapsed, tree, follower(false));
     new FocusWatch(tree, [&rules] { rules.maptree_GotFocus(); });
+    QObject::connect(tree, &TableView::rowChosen, tree, [&content] { content.maptree_NodeClick(); });
+    QObject::connect(tree, &TableView::currentClicked, tree, [&content] { content.maptree_NodeClick(); });
     return tree;
 }
 
@@ -104,7 +108,30 @@ TableView* makeList(Rotation& maplist, RotationRules& rules) {
     return list;
 }
 
-QWidget* makePane(const QString& heading, QToolBar* tools, TableView* view) {
+/// The catalog's own commands, and those of the preview.
+QToolBar* makeCatalogTools(TableView& tree, ContentRoom& content) {
+    MapCommands& commands = content.mapCommands;
+    QToolBar* tools = makeTableTools("mtool3", QObject::tr("Maps of the Game"));
+    addTableTool(*tools, tree,
+                 {"mtool3_2", "scan", QObject::tr("Scan..."), QObject::tr("Search the game's archives for maps"),
+                  QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), nullptr, [&commands] { commands.scanForMaps(); }});
+    addTableTool(*tools, tree,
+                 {"mtool3_3", "add-file", QObject::tr("Add File..."),
+                  QObject::tr("Put a map from a file or an archive into this list"),
+                  QKeySequence(Qt::CTRL | Qt::Key_Insert), nullptr, [&commands] { commands.addMap(); }});
+    addTableTool(*tools, tree,
+                 {"mtool3_4", "delete", QObject::tr("Delete"), QObject::tr("Take a user map off this list"),
+                  QKeySequence(Qt::Key_Delete), nullptr, [&commands] { commands.deleteMap(); }});
+    Preview& preview = content.preview;
+    QAction* zoom = addTableCommand(tree, {"zoom", "zoom", QObject::tr("Zoom Picture"), {}, QKeySequence(Qt::CTRL | Qt::Key_Plus),
+                                           &preview.q3levelshot, [&preview] { preview.zoom_Click(); }});
+    // On many keyboards the plus sign needs the shift key.
+    zoom->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    addHidePicture(tree, preview.q3levelshot, [&preview] { preview.hide(); });
+    return tools;
+}
+
+QWidget* makePane(const QString& heading, QToolBar* tools, TableView* view, QWidget* search = nullptr) {
     auto* pane = new QWidget;
     auto* column = new QVBoxLayout(pane);
     column->setContentsMargins({});
@@ -118,38 +145,44 @@ QWidget* makePane(const QString& heading, QToolBar* tools, TableView* view) {
     top->addStretch(1);
     top->addWidget(tools);
     column->addLayout(top);
+    if (search) column->addWidget(search);
     column->addWidget(view, 1);
     return pane;
 }
 
 }  // namespace
 
-QWidget* makeMapsTab(SettingsDocument& doc, MapCatalog& maps, RotationRules& rules, CommandFlags& flags) {
-    TableView* tree = makeTree(maps.maptree, rules);
+QWidget* makeMapsTab(SettingsDocument& doc, ContentRoom& content, RotationRules& rules, CommandFlags& flags) {
+    TableView* tree = makeTree(content, rules);
     TableView* list = makeList(doc.maplist, rules);
     listen(tree, rules.focusWanted, [tree, list](std::string_view pane) {
         (pane == RotationRules::kTree ? tree : list)->setFocus(Qt::OtherFocusReason);
     });
 
-    QToolBar* catalogTools = makeTableTools("mtool2_tree", QObject::tr("Catalog"));
-    addTableTool(*catalogTools, *tree,
+    QToolBar* rotateTools = makeTableTools("mtool2_tree", QObject::tr("Catalog"));
+    addTableTool(*rotateTools, *tree,
                  {"mtool2_2", "add", QObject::tr("Add"), QObject::tr("Put the map into the rotation"),
-                  QKeySequence(Qt::Key_Insert), flags.mtool2[2], [&rules] { rules.addToRotation(); }});
+                  QKeySequence(Qt::Key_Insert), &flags.mtool2[2], [&rules] { rules.addToRotation(); }});
+    auto* search = new QWidget;
+    auto* row = new QHBoxLayout(search);
+    row->setContentsMargins({});
+    row->addWidget(new TreeSearch(*tree, QObject::tr("Search maps")), 1);
+    row->addWidget(makeCatalogTools(*tree, content));
     QToolBar* rotationTools = makeTableTools("mtool1", QObject::tr("Rotation"));
     addTableTool(*rotationTools, *list,
                  {"mtool2_1", "remove", QObject::tr("Remove"), QObject::tr("Take the map out of the rotation"),
-                  QKeySequence(Qt::Key_Delete), flags.mtool2[1], [&rules] { rules.removeFromRotation(); }});
+                  QKeySequence(Qt::Key_Delete), &flags.mtool2[1], [&rules] { rules.removeFromRotation(); }});
     addTableTool(*rotationTools, *list,
                  {"mtool1_1", "move-up", QObject::tr("Up"), QObject::tr("Play the map earlier"),
-                  QKeySequence(Qt::ALT | Qt::Key_Up), flags.mtool1[1], [&rules] { rules.moveUp(); }});
+                  QKeySequence(Qt::ALT | Qt::Key_Up), &flags.mtool1[1], [&rules] { rules.moveUp(); }});
     addTableTool(*rotationTools, *list,
                  {"mtool1_2", "move-down", QObject::tr("Down"), QObject::tr("Play the map later"),
-                  QKeySequence(Qt::ALT | Qt::Key_Down), flags.mtool1[2], [&rules] { rules.moveDown(); }});
+                  QKeySequence(Qt::ALT | Qt::Key_Down), &flags.mtool1[2], [&rules] { rules.moveDown(); }});
 
     auto* split = new QSplitter(Qt::Horizontal);
     split->setObjectName("mapsplit");
     split->setChildrenCollapsible(false);
-    split->addWidget(makePane(QObject::tr("Maps"), catalogTools, tree));
+    split->addWidget(makePane(QObject::tr("Maps"), rotateTools, tree, search));
     split->addWidget(makePane(QObject::tr("Rotation"), rotationTools, list));
     tree->setMinimumWidth(pixels(kLeastTree));
     for (int pane : {0, 1}) split->setStretchFactor(pane, 1);

@@ -1,38 +1,52 @@
-#include "base/run_state.h"
 #include "config/settings_document.h"
-#include "content/model_catalog.h"
+#include "content/content_room.h"
 #include "window/rules/player_rules.h"
 #include "window/tabs/settings_form.h"
 #include "window/tabs/table_tabs.h"
 #include "window/widgets/previews.h"
 #include "window/widgets/spin_text.h"
+#include "window/widgets/table_tools.h"
 #include "window/widgets/table_view.h"
+#include "window/widgets/tree_search.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
-
-#include <algorithm>
+#include <QToolBar>
 
 namespace gatehouse {
 
 namespace {
 
-TableView* makeModelTree(ModelCatalog& models, SettingsDocument& doc, RunState& run) {
+TableView* makeModelTree(SettingsDocument& doc, ContentRoom& content) {
     auto* tree = new TableView(new TableModel(
-        models.mdltree,
+        content.models.mdltree,
         TableLook<ModelEntry>{.columns = {{"Model", &ModelEntry::text}},
                               .parent = [](const ModelTree& mdltree, int node) { return mdltree.at(node).parent; },
                               .choice = doc.currmodel.title()}));
     tree->setObjectName("mdltree");
     tree->setAccessibleName(QObject::tr("Models and Skins"));
     tree->setHeaderHidden(true);
-    QObject::connect(tree, &TableView::rowChosen, tree, [&models, &doc, &run] {
-        std::string path = models.selectedModel();
-        std::replace(path.begin(), path.end(), '\\', '/');
-        doc.currmodel.setText(path);
-        run.ConfigChanged = true;
-    });
+    QObject::connect(tree, &TableView::rowChosen, tree, [&content] { content.mdltree_NodeClick(); });
+    QObject::connect(tree, &TableView::currentClicked, tree, [&content] { content.preview.showSkin(); });
+    addHidePicture(*tree, content.preview.q3levelshot, [&content] { content.preview.hide(); });
     return tree;
+}
+
+QWidget* makeModelPane(SettingsDocument& doc, ContentRoom& content) {
+    TableView* tree = makeModelTree(doc, content);
+    QToolBar* tools = makeTableTools("ptool1", QObject::tr("Models"));
+    addTableTool(*tools, *tree,
+                 {"ptool1_1", "scan", QObject::tr("Scan..."), QObject::tr("Search the game's archives for models"),
+                  QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), nullptr, [&content] { content.ptool1_ButtonClick(); }});
+    auto* top = new QHBoxLayout;
+    top->addWidget(new TreeSearch(*tree, QObject::tr("Search models")), 1);
+    top->addWidget(tools);
+    auto* pane = new QWidget;
+    auto* column = new QVBoxLayout(pane);
+    column->setContentsMargins({});
+    column->addLayout(top);
+    column->addWidget(tree, 1);
+    return pane;
 }
 
 /// The buttons count; nothing is typed.
@@ -44,7 +58,7 @@ void setStep(const QWidget& form, LabelField& field, std::function<void(int)> st
 
 }  // namespace
 
-QWidget* makePlayerTab(SettingsDocument& doc, PlayerRules& rules, ModelCatalog& models, RunState& run) {
+QWidget* makePlayerTab(SettingsDocument& doc, PlayerRules& rules, ContentRoom& content) {
     auto* form =
         new SettingsForm(planOf(doc.player, {{.field = doc.q3playername, .below = new NamePreview(rules.nc)},
                                              {.field = doc.q3fxcolor, .behind = new ColourPreview(rules.fxpreview)},
@@ -59,7 +73,7 @@ QWidget* makePlayerTab(SettingsDocument& doc, PlayerRules& rules, ModelCatalog& 
     auto* row = new QHBoxLayout(tab);
     row->setContentsMargins({});
     row->addWidget(form, 3);
-    row->addWidget(makeModelTree(models, doc, run), 2);
+    row->addWidget(makeModelPane(doc, content), 2);
     return tab;
 }
 

@@ -114,7 +114,7 @@ QToolBar* makeTools(TableView& view, ServerCommands& commands, CommandFlags& fla
     for (const ServerTool& tool : serverTools())
         addTableTool(
             *bar, view,
-            {tool.tag, tool.icon, tool.text, tool.hint, tool.key, flags.tbservers[tool.number], run(tool.tag)});
+            {tool.tag, tool.icon, tool.text, tool.hint, tool.key, &flags.tbservers[tool.number], run(tool.tag)});
     bar->addSeparator();
     const auto addButton = [bar](const char* name, const QIcon& picture, const QString& text, const QString& hint) {
         QAction* action = bar->addAction(picture, text);

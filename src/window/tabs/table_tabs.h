@@ -8,20 +8,18 @@ class QWidget;
 namespace gatehouse {
 
 class BotsRules;
-class MapCatalog;
-class ModelCatalog;
+class ContentRoom;
 class PlayerRules;
 class RotationRules;
 class KeyRules;
 class ServerCommands;
 class StatusQuery;
-struct RunState;
 struct SettingsDocument;
 
 // The tabs whose heart is a table. What they are given must outlive them.
 
 /// The catalog of maps on the left, the rotation on the right.
-QWidget* makeMapsTab(SettingsDocument& doc, MapCatalog& maps, RotationRules& rules, CommandFlags& flags);
+QWidget* makeMapsTab(SettingsDocument& doc, ContentRoom& content, RotationRules& rules, CommandFlags& flags);
 /// The actions and their keys.
 QWidget* makeKeysTab(SettingsDocument& doc, KeyRules& rules);
 /// The list of servers, the tool bar of its commands and the totals.
@@ -29,6 +27,6 @@ QWidget* makeServersTab(ServerTable& iplist, ServerCommands& commands, StatusQue
 /// The bots that join, named or random, and how they behave.
 QWidget* makeBotsTab(SettingsDocument& doc, BotsRules& rules, CommandFlags& flags);
 /// The player's name and looks beside the tree of models.
-QWidget* makePlayerTab(SettingsDocument& doc, PlayerRules& rules, ModelCatalog& models, RunState& run);
+QWidget* makePlayerTab(SettingsDocument& doc, PlayerRules& rules, ContentRoom& content);
 
 }  // namespace gatehouse

@@ -4,6 +4,7 @@
 #include "platform/qt/native_paths.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/shown_text.h"
+#include "window/widgets/list_window.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -196,6 +197,16 @@ Answer QtDialogs::show(const MessageBox& box) {
     for (const ButtonAnswer& one : kAnswers)
         if (pressed == one.button) return one.answer;
     return safeAnswer(box);  // the loop was ended from elsewhere
+}
+
+void QtDialogs::showList(const ListBox& list) {
+    if (!interactive_) {
+        for (const std::string& line : list.lines) print(list.title, line);
+        return;
+    }
+    throwIfEnded();
+    ListWindow(list, frontWindow()).exec();
+    throwIfEnded();
 }
 
 void QtDialogs::throwIfEnded() const {

@@ -18,6 +18,7 @@ public:
 
     bool canAsk() const override { return interactive_; }
     Answer show(const MessageBox& box) override;
+    void showList(const ListBox& list) override;
     std::optional<std::string> openFile(const FileDialog& dialog) override;
     std::optional<std::string> saveFile(const FileDialog& dialog) override;
     std::optional<std::string> chooseFolder(const std::string& title, const std::string& startFolder) override;

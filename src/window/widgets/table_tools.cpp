@@ -7,6 +7,8 @@
 #include <QAction>
 #include <QToolBar>
 
+#include <utility>
+
 namespace gatehouse {
 
 QToolBar* makeTableTools(const QString& name, const QString& title) {
@@ -17,15 +19,28 @@ QToolBar* makeTableTools(const QString& name, const QString& title) {
     return bar;
 }
 
-QAction* addTableTool(QToolBar& bar, TableView& view, const TableTool& tool) {
+QAction* addTableCommand(TableView& view, const TableTool& tool) {
     auto* action = new QAction(icon(tool.icon), tool.text, &view);
     action->setObjectName(tool.name);
     action->setToolTip(tool.hint);
     action->setShortcut(tool.key);
     action->setShortcutContext(Qt::WidgetShortcut);
-    bindCommand(*action, tool.flag, tool.command);
+    if (tool.flag)
+        bindCommand(*action, *tool.flag, tool.command);
+    else
+        bindCommand(*action, tool.command);
     view.addAction(action);
     view.setContextMenuPolicy(Qt::ActionsContextMenu);
+    return action;
+}
+
+void addHidePicture(TableView& view, Observable<bool>& shown, std::function<void()> hide) {
+    addTableCommand(view, {"hidePicture", "remove", QObject::tr("Hide Picture"), {}, QKeySequence(Qt::Key_Escape), &shown,
+                           std::move(hide)});
+}
+
+QAction* addTableTool(QToolBar& bar, TableView& view, const TableTool& tool) {
+    QAction* action = addTableCommand(view, tool);
     bar.addAction(action);
     QWidget* button = bar.widgetForAction(action);
     button->setObjectName(tool.name + "_button");

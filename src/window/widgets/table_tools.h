@@ -14,19 +14,24 @@ namespace gatehouse {
 
 class TableView;
 
-/// A command on a table: a tool button, an entry of the table's context menu, and a key while the table has the focus.
+/// A command on a table: an entry of the table's context menu, and a key while the table has the focus.
 struct TableTool {
     QString name;  ///< object name of the action; its button has "_button" behind
     const char* icon;
     QString text;
     QString hint;
     QKeySequence key;
-    Observable<bool>& flag;
+    Observable<bool>* flag;  ///< whether it can be used; null for always
     std::function<void()> command;
 };
 
 /// A tool bar beside a table.
 QToolBar* makeTableTools(const QString& name, const QString& title);
+/// A command with a tool button.
 QAction* addTableTool(QToolBar& bar, TableView& view, const TableTool& tool);
+/// A command without one.
+QAction* addTableCommand(TableView& view, const TableTool& tool);
+/// Escape in the table hides the picture beside it, while there is one.
+void addHidePicture(TableView& view, Observable<bool>& shown, std::function<void()> hide);
 
 }  // namespace gatehouse

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace gatehouse {
@@ -120,6 +121,13 @@ void TableView::keyPressEvent(QKeyEvent* event) {
     const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!opens || !currentIndex().isValid()) return QTreeView::keyPressEvent(event);
     Q_EMIT rowOpened();
+}
+
+void TableView::mousePressEvent(QMouseEvent* event) {
+    const int before = rows_.position(currentIndex());
+    QTreeView::mousePressEvent(event);
+    const int clicked = rows_.position(indexAt(event->pos()));
+    if (clicked != 0 && clicked == before && event->button() == Qt::LeftButton) Q_EMIT currentClicked();
 }
 
 void TableView::mouseReleaseEvent(QMouseEvent* event) {

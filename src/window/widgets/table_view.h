@@ -29,11 +29,14 @@ Q_SIGNALS:
     void rowOpened();
     /// Escape was pressed, in a view of which many rows can be selected.
     void escaped();
+    /// A person clicked on the row that was the current one before.
+    void currentClicked();
     /// The mouse was clicked anywhere in the view, whether or not that has changed anything.
     void mouseClicked();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -1,5 +1,7 @@
 #include "support/core/fakes.h"
 
+#include "base/numbers.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -315,11 +317,65 @@ void FakeProcesses::start(const std::string& programLine, const std::string& fol
     started.push_back(folder + "|" + programLine);
 }
 
-bool FakeArchives::list(const std::string& archive, const std::function<void(const std::string&)>& onEntry) {
-    const auto it = entries.find(lower(archive));
-    if (it == entries.end()) return false;
-    for (const auto& entry : it->second) onEntry(entry);
-    return true;
+namespace {
+
+class MemoryArchive : public Archive {
+public:
+    MemoryArchive(MemoryFiles& files, const std::vector<FakeArchives::Entry>& entries)
+        : files_(files), entries_(entries) {}
+    void list(const std::function<void(const std::string&)>& onEntry) override {
+        for (const auto& entry : entries_) onEntry(entry.name);
+    }
+    EntryFault read(const std::string& name, std::uint64_t most, std::size_t pieceSize,
+                    const TakePiece& take) override {
+        for (const auto& entry : entries_) {
+            if (!equalNoCase(entry.name, name)) continue;
+            if (entry.bytes.size() > most) return "too large";
+            for (std::size_t at = 0; at < entry.bytes.size(); at += pieceSize)
+                take(entry.bytes.size(), std::string_view(entry.bytes).substr(at, pieceSize));
+            return entry.fault.empty() ? EntryFault() : entry.fault;
+        }
+        return "missing";
+    }
+    EntryFault extract(const std::string& name, std::uint64_t most, const std::string& folder,
+                       const std::function<void()>&) override {
+        std::string bytes;
+        const auto take = [&](std::uint64_t, std::string_view piece) { bytes += piece; };
+        const EntryFault fault = read(name, most, 1024, take);
+        if (!fault) files_.put(folder + name, bytes);
+        return fault;
+    }
+
+private:
+    MemoryFiles& files_;
+    const std::vector<FakeArchives::Entry>& entries_;
+};
+
+}  // namespace
+
+void FakeArchives::put(const std::string& path, std::vector<Entry> entries) {
+    files_.put(path, "");
+    archives_[lower(path)] = std::move(entries);
+}
+
+std::unique_ptr<Archive> FakeArchives::open(const std::string& path) {
+    const auto found = archives_.find(lower(path));
+    if (found == archives_.end()) return nullptr;
+    ++opened;
+    return std::make_unique<MemoryArchive>(files_, found->second);
+}
+
+EntryFault FakeArchives::store(const std::string& bytes, const std::string& entry, const std::string& folder) {
+    files_.put(folder + entry, bytes);
+    return {};
+}
+
+Picture FakePictures::open(const std::string& path) {
+    Picture picture;
+    picture.width = static_cast<int>(valInt16(files_.openText(path)->readBytes(8)));
+    if (picture.width == 0) throw RuntimeFailure("no picture: " + path);
+    shown.push_back(path);
+    return picture;
 }
 
 bool RecordingLog::has(const std::string& line) const { return std::find(lines.begin(), lines.end(), line) != lines.end(); }

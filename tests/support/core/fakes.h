@@ -13,6 +13,8 @@
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/ground.h"
+#include "platform/pace.h"
+#include "platform/pictures.h"
 #include "platform/processes.h"
 #include "platform/random.h"
 #include "platform/services.h"
@@ -124,11 +126,13 @@ public:
     void choose(std::optional<std::string> path) { choices_.push_back(std::move(path)); }
     bool canAsk() const override { return watched; }
     Answer show(const MessageBox& box) override;
+    void showList(const ListBox& list) override { lists.push_back(list); }
     std::optional<std::string> openFile(const FileDialog& dialog) override;
     std::optional<std::string> saveFile(const FileDialog& dialog) override;
     std::optional<std::string> chooseFolder(const std::string& title, const std::string& startFolder) override;
     /// Boxes shown so far.
     std::vector<MessageBox> shown;
+    std::vector<ListBox> lists;
     std::vector<FileDialog> fileDialogs;
     bool watched = true;
     /// Called with each box before it is answered.
@@ -170,11 +174,36 @@ public:
     std::vector<std::string> started;  ///< `<interpreter> /c "<batch>"`, or `<folder>|<program line>`
 };
 
+/// Archives in memory: what is taken out of them goes to the files.
 class FakeArchives : public Archives {
 public:
-    bool list(const std::string& archive, const std::function<void(const std::string&)>& onEntry) override;
-    bool extract(const std::string&, const std::string&, const std::string&) override { return false; }
-    std::map<std::string, std::vector<std::string>> entries;  ///< by lower-cased path
+    struct Entry {
+        std::string name;
+        std::string bytes = {};
+        std::string fault = {};  ///< why it can't be had
+    };
+    explicit FakeArchives(MemoryFiles& files) : files_(files) {}
+    /// Puts an archive there.
+    void put(const std::string& path, std::vector<Entry> entries);
+    std::unique_ptr<Archive> open(const std::string& path) override;
+    EntryFault store(const std::string& bytes, const std::string& entry, const std::string& folder) override;
+    int opened = 0;
+
+private:
+    MemoryFiles& files_;
+    std::map<std::string, std::vector<Entry>> archives_;  ///< by lower-cased path
+};
+
+/// A picture file's content is its width; a BMP's as well.
+class FakePictures : public Pictures {
+public:
+    explicit FakePictures(MemoryFiles& files) : files_(files) {}
+    Picture open(const std::string& path) override;
+    std::string bmp(const Picture& picture) override { return std::to_string(picture.width); }
+    std::vector<std::string> shown;
+
+private:
+    MemoryFiles& files_;
 };
 
 class FakeSocket : public UdpSocket {
@@ -247,7 +276,8 @@ struct World {
     MemoryClipboard clipboard;
     FakeWindows windows;
     FakeProcesses processes;
-    FakeArchives archives;
+    FakeArchives archives{files};
+    FakePictures pictures{files};
     FakeSocket socket;
     FakeViewers viewers;
     Random random;
@@ -255,9 +285,10 @@ struct World {
     RunState run;
     CommandFlags flags;
     OptionStore store{settings, log, dialogs};
-    Ground ground{files, dialogs, events, log, store, run, flags};
-    Services services{files,   settings,  events,   clock,  dialogs, clipboard,
-                      windows, processes, archives, socket, viewers, random};
+    Pace pace{events, clock};
+    Ground ground{files, dialogs, events, log, store, run, flags, pace};
+    Services services{files,   settings,  events,   clock,    dialogs, clipboard,
+                      windows, processes, archives, pictures, socket,  viewers, random};
 };
 
 /// Lines joined as the program writes them, each ended by CR LF.

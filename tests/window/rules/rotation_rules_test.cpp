@@ -41,7 +41,7 @@ protected:
     Rotation maplist;
     MapCatalog catalog{world.ground};
     MapTree& tree = catalog.maptree;
-    RotationRules rules{world.ground, maplist, tree};
+    RotationRules rules{world.ground, maplist, catalog};
 };
 
 TEST_F(RotationRulesTest, AddingMarksEveryNodeOfTheMapAndWalksOn) {

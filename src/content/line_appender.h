@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/files.h"
+
+#include <memory>
+#include <string>
+
+namespace gatehouse {
+
+/// Adds lines to a text file, which is made if there is none. A line that stands there without an end gets one first.
+class LineAppender {
+public:
+    /// Fails with `FileFailure`, as does each line.
+    LineAppender(Files& files, const std::string& path);
+    void write(const std::string& line);
+    void close() { file_->close(); }
+
+private:
+    bool midLine_;
+    std::unique_ptr<TextWriter> file_;
+};
+
+}  // namespace gatehouse

@@ -1,0 +1,68 @@
+#include "window/dialogs/pak_maps_dialog.h"
+
+#include "content/pak_maps_form.h"
+#include "window/widgets/table_view.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include <tuple>
+
+namespace gatehouse {
+
+namespace {
+
+constexpr int kGap = 12;
+constexpr int kLetters = 40;
+constexpr int kLines = 12;
+
+}  // namespace
+
+PakMapsDialog::PakMapsDialog(PakMapsForm& form, QWidget* parent)
+    : FormDialog("q3pakmaps", form.q3pakmaps, parent), form_(form) {
+    setWindowTitle(tr("Maps in the Archive"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(kGap, kGap, kGap, kGap);
+    column->setSpacing(kGap);
+    addList(*column);
+    column->addLayout(makeButtons());
+    followForm();
+}
+
+void PakMapsDialog::addList(QBoxLayout& column) {
+    list_ = new TableView(
+        new TableModel(form_.paklist, TableLook<PakMap>{.columns = {{"Map", [](const PakMap& map) { return map.name; }}}}));
+    list_->setObjectName("paklist");
+    list_->setAccessibleName(tr("Maps in the archive"));
+    list_->setRootIsDecorated(false);
+    list_->setHeaderHidden(true);
+    list_->setEmptyText(tr("There is no map in this archive."));
+    const QFontMetrics letters = list_->fontMetrics();
+    list_->setMinimumSize(kLetters * letters.averageCharWidth(), kLines * letters.lineSpacing());
+    connect(list_, &TableView::rowOpened, this, [this] { form_.pakOK_Click(); });
+    auto* label = new QLabel(tr("&Which map shall be added?"), this);
+    label->setBuddy(list_);
+    column.addWidget(label);
+    column.addWidget(list_, 1);
+}
+
+QLayout* PakMapsDialog::makeButtons() {
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    for (const auto& [name, text, command] : {std::tuple{"pakOK", tr("OK"), &PakMapsForm::pakOK_Click},
+                                              std::tuple{"pakcancel", tr("Cancel"), &PakMapsForm::pakcancel_Click}}) {
+        auto* button = new QPushButton(text, this);
+        button->setObjectName(name);
+        connect(button, &QPushButton::clicked, this, [this, run = command] { (form_.*run)(); });
+        buttons->addWidget(button);
+    }
+    findChild<QPushButton*>("pakOK")->setDefault(true);
+    return buttons;
+}
+
+void PakMapsDialog::reject() { form_.pakcancel_Click(); }
+
+void PakMapsDialog::comeUp() { list_->setFocus(); }
+
+}  // namespace gatehouse
