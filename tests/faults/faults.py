@@ -155,7 +155,7 @@ class Person(multiprocessing.Process):
 
 TROUBLE = ('Options', 'User Maps', 'Save Server List', 'Gatehouse', 'Critical Error', 'Error')
 BOXES = {'^Inital Setup$': ['alt+y'], '^Open$': ['ctrl+a', 'type @GAME@/quake3.exe', 'Return'],
-         '^First Time Setup$': ['Return'], '^Save Config$': ['Return'], '^Exit Gatehouse$': ['alt+y'],
+         '^First Time Setup$': ['Return'], '^User (Map|Model) Search$': ['Return'], '^Save Config$': ['Return'], '^Exit Gatehouse$': ['alt+y'],
          'New IP Address': ['Escape'], '^(' + '|'.join(TROUBLE) + ')$': ['Return']}
 
 GAME_FILES = ['game/baseq3/gatehouse.cfg', 'game/baseq3/gatehouse.bat', 'game/baseq3/ghaliases.cfg']
@@ -166,7 +166,7 @@ BROUGHT = ['app/.brought', 'app/aliases.txt', 'app/default.ghs', 'app/ghnoshot.j
 SCENARIOS = {
     'run': (False, 1, None, GAME_FILES + [OPTIONS, 'app/usermaps.txt']),
     'fill': (True, 0, None, BROUGHT),
-    'first': (True, 0, [['alt+F4']], [OPTIONS, 'app/default.ghc', 'game/baseq3/q3backup.cfg', 'app/usermaps.txt']),
+    'first': (True, 0, [['alt+F4']], [OPTIONS, 'app/default.ghc', 'game/baseq3/q3backup.cfg']),
     'window': (False, 0, [['F12'], ['ctrl+s'], ['Insert'], ['alt+F4']],
                [OPTIONS, 'app/war.ghc', 'app/default.ghs', 'app/usermaps.txt']),
     'rescue': (False, 0, [['Insert'], ['SIGTERM']], ['app/rescue.ghs', 'app/rescue.txt']),
@@ -215,9 +215,18 @@ def play(scenario, fault, display, root, versions=None):
     return world, run, before, world.saved(names)
 
 
-def told(world, run):
-    said = os.path.exists(f'{world.root}/said')
-    return said or run.status != 0 or os.path.getsize(f'{world.root}/stderr') > 0
+def outcome(world, run):
+    """All that somebody could notice of a run: its boxes of trouble, its exit status and its lines."""
+    contents = world.saved(['said', 'stderr'])
+    return contents['said'], run.status, neutral(contents['stderr'], world)
+
+
+def fill_again(new, world):
+    """What is wrong with a program folder once the program was started again."""
+    subprocess.run([PROGRAM], env=world.environment(), cwd=world.root, capture_output=True, timeout=TIME_LIMIT,
+                   stdin=subprocess.DEVNULL)
+    lacking = [name for name, content in world.saved(new).items() if neutral(content, world) != new[name][-1]]
+    return f'the next start does not bring {", ".join(lacking)}' if lacking else ''
 
 
 def next_start(world):
@@ -240,7 +249,8 @@ def next_start(world):
     return ''
 
 
-def judge(scenario, fault, new, world, run, before, after):
+def judge(scenario, recorded, world, run, before, after):
+    new, usual = recorded
     misses = []
     for name, content in after.items():
         # What a first start or a save makes differs in nothing from run to run but the paths of its folder.
@@ -252,11 +262,11 @@ def judge(scenario, fault, new, world, run, before, after):
         unsaved = [name for name, content in after.items() if neutral(content, world) != new[name][-1]]
         # Maps that the file holds already are not lost.
         unsaved = [name for name in unsaved if name != 'app/usermaps.txt' or b'MYMAP' not in (after[name] or b'MYMAP')]
-        if unsaved and not told(world, run):
+        if unsaved and outcome(world, run) == usual:
             misses.append(f'not a word about {", ".join(unsaved)}')
         if world.strays():
             misses.append(f'left behind: {world.strays()[0]}')
-    misses += [text for text in [next_start(world)] if text]
+    misses += [text for text in [fill_again(new, world) if scenario == 'fill' else next_start(world)] if text]
     return misses
 
 
@@ -272,20 +282,20 @@ def neutral(content, world):
     return b'\n'.join(sorted(content.split(b'\n'))) if content.startswith(b'[config]') else content
 
 
-def attempt(scenario, fault, new, display, scratch):
+def attempt(scenario, fault, recorded, display, scratch):
     root = tempfile.mkdtemp(dir=scratch)
     try:
         world, run, before, after = play(scenario, fault, display, root)
-        return judge(scenario, fault, new, world, run, before, after)
+        return judge(scenario, recorded, world, run, before, after)
     finally:
         shutil.rmtree(root, ignore_errors=True)
 
 
-def attempt_with_hands(scenario, fault, new, display, scratch):
+def attempt_with_hands(scenario, fault, recorded, display, scratch):
     """On a busy machine a key may be lost on its way to a window: what a person's hands did wrong is done again."""
-    misses = attempt(scenario, fault, new, display, scratch)
+    misses = attempt(scenario, fault, recorded, display, scratch)
     if misses and SCENARIOS[scenario][2] is not None:
-        misses = attempt(scenario, fault, new, display, scratch)
+        misses = attempt(scenario, fault, recorded, display, scratch)
     return misses
 
 
@@ -295,12 +305,13 @@ def record(scenario, display, scratch):
     world, run, _, after = play(scenario, None, display, root, versions)
     stderr = open(f'{root}/stderr').read()
     new = {name: versions[name] + [neutral(content, world)] for name, content in after.items()}
+    usual = outcome(world, run)
     missing = [name for name, content in after.items() if content is None]
     calls = [(name, os.path.relpath(path, root)) for name, path in run.calls]
     shutil.rmtree(root, ignore_errors=True)
     if missing or (scenario != 'fill' and run.status != 0):
         sys.exit(f'{scenario}: without a fault it ends with {run.status}, {missing} not saved: {stderr}')
-    return calls, new
+    return calls, (new, usual)
 
 
 def faults_of(calls):
@@ -337,10 +348,10 @@ def work(tasks, results, scratch, needs_display):
     display, helpers = start_display() if needs_display else (None, [])
     try:
         while (task := tasks.get()) is not None:
-            scenario, fault, new = task
+            scenario, fault, whole = task
             try:
                 result = record(scenario, display, scratch) if fault is None else \
-                    attempt_with_hands(scenario, fault, new, display, scratch)
+                    attempt_with_hands(scenario, fault, whole, display, scratch)
             except (Exception, SystemExit) as error:  # noqa: BLE001 - told as a miss
                 result = error if fault is None else [f'the test itself: {error!r}']
             results.put((scenario, fault, result))
@@ -368,11 +379,11 @@ def main():
                 print(recorded)
                 missed += 1
                 continue
-            calls, new = recorded
+            calls, whole = recorded
             points = list(faults_of(calls))
             began = time.time()
             for point in points:
-                tasks.put((scenario, point, new))
+                tasks.put((scenario, point, whole))
             good = 0
             for _ in points:
                 _, (number, kind), misses = results.get()
