@@ -20,6 +20,7 @@
 #include "window/main_window.h"
 #include "window/scan_window.h"
 #include "window/splash_window.h"
+#include "window/widgets/hint_colour.h"
 #include "window/widgets/icons.h"
 #include "window/widgets/qt_dialogs.h"
 
@@ -91,10 +92,12 @@ int main(int argc, char** argv) {
 
     Gatehouse program(services, programFolder);
     // Nobody looks at a splash that is drawn into memory.
+    std::optional<HintColour> hintColour;
     std::optional<SplashWindow> splash;
     std::vector<std::unique_ptr<ScanWindow>> scanWindows;
     if (interactive) {
         QApplication::setWindowIcon(icon("gatehouse"));
+        hintColour.emplace();
         splash.emplace(program.startup.splash, program.run);
         for (ScanView* view : {&program.content.mapScan.view, &program.content.modelScan.view})
             scanWindows.push_back(std::make_unique<ScanWindow>(*view, 0));

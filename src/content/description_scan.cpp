@@ -45,12 +45,12 @@ std::string DescriptionScan::scanFile(const std::string& path) {
         showProgress(search);
         search.take(file->readBytes(DescriptionSearch::kChunk));
     }
-    return askOrTake(search);
+    return askOrTake(path, search);
 }
 
 std::string DescriptionScan::conclude(const std::string& path, const DescriptionSearch& search) {
     log_.logEvent("scanning map for description (" + path + ")");
-    return askOrTake(search);
+    return askOrTake(path, search);
 }
 
 void DescriptionScan::showProgress(const DescriptionSearch& search) {
@@ -62,7 +62,7 @@ void DescriptionScan::showProgress(const DescriptionSearch& search) {
     }
 }
 
-std::string DescriptionScan::askOrTake(const DescriptionSearch& search) {
+std::string DescriptionScan::askOrTake(const std::string& path, const DescriptionSearch& search) {
     if (search.found())
         log_.logEvent("found " + quoted(search.title()) + " at " + std::to_string(search.position()) + " of " +
                       std::to_string(search.size()) + " bytes");
@@ -71,7 +71,8 @@ std::string DescriptionScan::askOrTake(const DescriptionSearch& search) {
     const Answer answer = dialogs_.show({.title = "Map Error",
                                          .text = "Could not find a description for this map. Add it Anyway?",
                                          .buttons = Buttons::YesNo,
-                                         .icon = Icon::Question});
+                                         .icon = Icon::Question,
+                                         .about = bareName(path)});
     if (answer == Answer::Yes) {
         log_.logEvent("user chose to add the map anyway");
         return {};

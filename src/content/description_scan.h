@@ -66,7 +66,7 @@ public:
     void showProgress(const DescriptionSearch& search);
 
 private:
-    std::string askOrTake(const DescriptionSearch& search);
+    std::string askOrTake(const std::string& path, const DescriptionSearch& search);
 
     Files& files_;
     Dialogs& dialogs_;

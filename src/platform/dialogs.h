@@ -20,6 +20,8 @@ struct MessageBox {
     Answer safeAnswer = Answer::No;
     /// A No that loses something must be meant: neither Escape nor the close button of a Yes/No box stands for it.
     bool noLoses = false;
+    /// What the text is about, in a line of its own below it, where the text itself doesn't say.
+    std::string about = {};
 };
 
 /// A file dialog. The filter has the form "Caption (*.a)|*.a|Other (*.b, *.c)|*.b;*.c".

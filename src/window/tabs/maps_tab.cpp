@@ -167,7 +167,7 @@ QWidget* makeMapsTab(SettingsDocument& doc, ContentRoom& content, RotationRules&
     auto* row = new QHBoxLayout(search);
     row->setContentsMargins({});
     row->addWidget(new TreeSearch(*tree, QObject::tr("Search maps")), 1);
-    row->addWidget(makeCatalogTools(*tree, content));
+    row->addWidget(rotateTools);
     QToolBar* rotationTools = makeTableTools("mtool1", QObject::tr("Rotation"));
     addTableTool(*rotationTools, *list,
                  {"mtool2_1", "remove", QObject::tr("Remove"), QObject::tr("Take the map out of the rotation"),
@@ -182,7 +182,7 @@ QWidget* makeMapsTab(SettingsDocument& doc, ContentRoom& content, RotationRules&
     auto* split = new QSplitter(Qt::Horizontal);
     split->setObjectName("mapsplit");
     split->setChildrenCollapsible(false);
-    split->addWidget(makePane(QObject::tr("Maps"), rotateTools, tree, search));
+    split->addWidget(makePane(QObject::tr("Maps"), makeCatalogTools(*tree, content), tree, search));
     split->addWidget(makePane(QObject::tr("Rotation"), rotationTools, list));
     tree->setMinimumWidth(pixels(kLeastTree));
     for (int pane : {0, 1}) split->setStretchFactor(pane, 1);

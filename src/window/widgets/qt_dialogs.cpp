@@ -184,7 +184,8 @@ Answer QtDialogs::show(const MessageBox& box) {
     QMessageBox& window = *made;
     window.setIcon(iconOf(box.icon));
     window.setWindowTitle(shown(box.title));
-    window.setText(boxText(box.text));
+    // Not as the toolkit's own second text, which takes what looks like markup for that.
+    window.setText(boxText(box.about.empty() ? box.text : box.text + "\r\n\r\n" + box.about));
     window.setStandardButtons(buttonsOf(box.buttons));
     window.setTextFormat(Qt::PlainText);
     window.setObjectName(QStringLiteral("messageBox"));
