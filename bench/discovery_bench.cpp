@@ -3,7 +3,6 @@
 #include "discovery.h"
 
 #include "mods/mod_discovery.h"
-#include "platform/qt/native_paths.h"
 #include "platform/qt/qt_files.h"
 #include "platform/qt/zip_archives.h"
 #include "support/core/fakes.h"
@@ -16,10 +15,8 @@ int discoverMods(const SampleGame& sample) {
     fake::World world;
     QtFiles files(sample.root / "cache");
     ZipArchives archives;
-    RunState& run = world.run;
-    run.AppDir = toProgramPath(sample.home().string()) + "\\";
-    run.GameDir = toProgramPath(sample.game().string()) + "\\";
-    const Ground ground{files, world.dialogs, world.events, world.log, world.store, run, world.flags, world.pace};
+    sample.enter(world.run);
+    const Ground ground{files, world.dialogs, world.events, world.log, world.store, world.run, world.flags, world.pace};
     ModTable mods;
     ModDiscovery discovery(ground, archives, mods);
     discovery.scanForMods();

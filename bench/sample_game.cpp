@@ -1,5 +1,8 @@
 #include "sample_game.h"
 
+#include "base/run_state.h"
+#include "platform/qt/native_paths.h"
+
 #include <zip.h>
 
 #include <random>
@@ -53,6 +56,11 @@ void SampleGame::make() const {
     const fs::path folder = game() / "mod";
     fs::create_directories(folder);
     for (int i = 1; i <= kArchives; ++i) makeArchive(folder / ("pak" + std::to_string(i) + ".pk3"), i == kArchives);
+}
+
+void SampleGame::enter(RunState& run) const {
+    run.AppDir = toProgramPath(home().string()) + "\\";
+    run.GameDir = toProgramPath(game().string()) + "\\";
 }
 
 SampleGame sampleGame() { return {fs::temp_directory_path() / "gatehouse-bench"}; }

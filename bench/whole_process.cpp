@@ -1,6 +1,7 @@
 // Times two commands as whole processes, in turn, by the operating system's own accounting of each finished run. With
-// --window their windows are waited for and closed at once: the wall time is that from the start to the window.
-// Usage: whole_process [--window] RUNS COMMAND -- OTHER COMMAND
+// --window their windows are waited for and closed at once: the wall time is that from the start to the window. With
+// --before a shell does its command before every run, untimed.
+// Usage: whole_process [--window] [--before SHELL COMMAND] RUNS COMMAND -- OTHER COMMAND
 
 #include "window_watch.h"
 
@@ -34,7 +35,11 @@ double milliseconds(const timeval& time) {
 
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-Run measure(char** command, gatehouse::WindowWatch* windows) {
+Run measure(char** command, gatehouse::WindowWatch* windows, const char* before) {
+    if (before && std::system(before) != 0) {
+        std::fprintf(stderr, "%s did not end well\n", before);
+        std::exit(2);
+    }
     posix_spawn_file_actions_t quiet;
     posix_spawn_file_actions_init(&quiet);
     for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
@@ -73,24 +78,32 @@ double median(std::vector<Run> runs, double Run::*figure) {
 
 int main(int argc, char** argv) {
     std::optional<gatehouse::WindowWatch> windows;
-    if (argc > 1 && std::strcmp(argv[1], "--window") == 0) {
-        windows.emplace();
-        ++argv;
+    const char* before = nullptr;
+    const auto takeFlag = [&](const char* flag) {
+        const bool there = argc > 1 && std::strcmp(argv[1], flag) == 0;
+        argv += there;
+        argc -= there;
+        return there;
+    };
+    if (takeFlag("--window")) windows.emplace();
+    if (takeFlag("--before") && argc > 1) {
+        before = *++argv;
         --argc;
     }
     char** separator = std::find_if(argv, argv + argc, [](const char* text) { return std::strcmp(text, "--") == 0; });
     const int runs = argc > 1 ? std::atoi(argv[1]) : 0;
     if (runs < 1 || separator - argv < 3 || separator - argv > argc - 2) {
-        std::fprintf(stderr, "usage: whole_process [--window] RUNS COMMAND -- OTHER COMMAND\n");
+        std::fprintf(stderr,
+                     "usage: whole_process [--window] [--before SHELL COMMAND] RUNS COMMAND -- OTHER COMMAND\n");
         return 2;
     }
     *separator = nullptr;
     char** commands[2] = {argv + 2, separator + 1};
     std::vector<Run> results[2];
     gatehouse::WindowWatch* const watch = windows ? &*windows : nullptr;
-    for (char** command : commands) measure(command, watch);  // once to fill the caches
+    for (char** command : commands) measure(command, watch, before);  // once to fill the caches
     for (int i = 0; i < runs; ++i)
-        for (int which : {0, 1}) results[which].push_back(measure(commands[which], watch));
+        for (int which : {0, 1}) results[which].push_back(measure(commands[which], watch, before));
     const struct {
         const char* name;
         double Run::*figure;
