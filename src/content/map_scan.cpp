@@ -62,7 +62,9 @@ void MapScan::takeMap(const Opened& opened, const std::string& entry, LineAppend
             view.startBar(static_cast<double>(size));
         }
         if (!search->done()) search->take(piece);
-        descriptions.showProgress(*search);
+        // The bar goes on behind the title: the rest is read for its checksum.
+        view.progress.set(view.progress.get() + static_cast<double>(piece.size()));
+        pace_.breathe();
     };
     if (const EntryFault fault = opened.archive.read(entry, kMostMapBytes, DescriptionSearch::kChunk, take))
         return leftOut_.add(opened.file.path, entry, *fault);

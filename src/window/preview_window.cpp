@@ -68,7 +68,10 @@ void PreviewWindow::takeSizes() {
     if (sizes.width == 0) return;
     picture_->setFixedSize(pixels(sizes.pictureWidth), pixels(sizes.pictureHeight));
     setFixedSize(pixels(sizes.width), pixels(sizes.height) - kTitleBar);
-    if (isVisible()) keepOnScreen();
+    if (!isVisible()) return;
+    // Who has moved it wants it there.
+    const bool moved = (pos() - placed_).manhattanLength() > kTitleBar;
+    moved ? keepOnScreen() : placeBeside();
 }
 
 QRect PreviewWindow::room() const {
@@ -81,6 +84,7 @@ void PreviewWindow::placeBeside() {
     const bool fitsOnTheRight = main.right() + 1 + width() <= room().right() + 1;
     move(!fitsOnTheRight && fitsOnTheLeft ? main.left() - width() : main.right() + 1, main.top());
     keepOnScreen();
+    placed_ = pos();
 }
 
 void PreviewWindow::keepOnScreen() {

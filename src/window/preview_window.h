@@ -28,6 +28,7 @@ private:
 
     Preview& preview_;
     QWidget* picture_ = nullptr;
+    QPoint placed_;
 };
 
 }  // namespace gatehouse

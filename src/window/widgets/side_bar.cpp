@@ -159,7 +159,11 @@ void SideBar::addMode(std::int16_t mode) {
         rules_.sbar_GroupClick(mode);
         showMode(run_.CurrentMode.get());  // the header of the mode on show stays down
     });
-    connect(new QShortcut(keys, this), &QShortcut::activated, header, &QToolButton::click);
+    // The keyboard follows to the tabs, also where the one that it was in has gone.
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, header, mode] {
+        header->click();
+        lists_[static_cast<std::size_t>(mode - 1)]->setFocus(Qt::ShortcutFocusReason);
+    });
     layout()->addWidget(header);
     headers_.push_back(header);
 
