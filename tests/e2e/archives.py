@@ -31,8 +31,9 @@ def title_by_chunks(data):
 
 
 def title_by_strings(data):
-    found = subprocess.run('strings -a -eS | grep -aim1 \'"message" "\'', shell=True, input=data, stdout=subprocess.PIPE)
-    return found.stdout.strip()[len('"message" "'):-1] or None
+    command = 'strings -a -eS | grep -aim1 \'"message" "\''
+    found = subprocess.run(command, shell=True, input=data, stdout=subprocess.PIPE).stdout
+    return found.strip()[len('"message" "'):-1] or None
 
 
 def crosses_a_border(data):
