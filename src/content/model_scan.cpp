@@ -103,7 +103,8 @@ void ModelScan::takeIcon(const Opened& opened, const std::string& entry) {
     const std::string target = cut(entry, 0, 4) + ".bmp";
     if (files_.fileExists(run_.AppDir + target)) return;
     std::string tga;
-    const auto take = [&](std::uint64_t, std::string_view piece) {
+    const auto take = [&](std::uint64_t size, std::string_view piece) {
+        tga.reserve(size);
         tga.append(piece);
         pace_.breathe();
     };

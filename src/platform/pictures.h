@@ -22,7 +22,7 @@ public:
     /// A JPEG or BMP file, to look at: a large one may come back smaller, in its own proportions.
     virtual Picture open(const std::string& path) = 0;
     /// The bytes of a BMP file that shows the picture, without its transparency.
-    virtual std::string bmp(const Picture& picture) = 0;
+    virtual std::string bmp(Picture picture) = 0;
 };
 
 }  // namespace gatehouse

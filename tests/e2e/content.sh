@@ -18,7 +18,7 @@ offer_accessibility
 rm "$app/usermaps.txt" "$app/usermdls.txt"
 cp "$e2e_dir/../../data/ghnoshot.jpg" "$app/"
 convert -size 640x480 gradient:orange-navy "$scratch/shot.jpg"
-convert -size 64x64 radial-gradient:white-red -type TrueColorMatte -compress RLE "$scratch/icon.tga"
+convert -size 64x64 gradient:white-red -type TrueColorMatte -compress RLE "$scratch/icon.tga"
 "$python" "$e2e_dir/content.py" make "$game/baseq3" "$documents" "$scratch" || fail 'no archives'
 
 begin 'a first start, driven by names'
@@ -45,7 +45,8 @@ done
 grep -qa '^OTHER' "$app/usermaps.txt" && fail 'a map that was deleted and is in no archive of the game came back'
 [[ $(cat "$app/usermdls.txt") == $'Robot/Red\r' ]] || fail "models: $(cat "$app/usermdls.txt")"
 for file in levelshots/yard.jpg levelshots/added.jpg; do cmp "$scratch/shot.jpg" "$app/$file" || fail "$file"; done
-[[ $(compare -metric AE "$scratch/icon.tga" "$app/models/players/robot/icon_red.bmp" null: 2>&1) == 0 ]] || fail 'the icon differs'
+convert "$scratch/icon.tga" -auto-orient "$scratch/icon.png"
+[[ $(compare -metric AE "$scratch/icon.png" "$app/models/players/robot/icon_red.bmp" null: 2>&1) == 0 ]] || fail 'the icon differs'
 expect_no_file "$app/maps"
 expect_logged 'finished extracting 32 new maps, 1 new map previews'
 

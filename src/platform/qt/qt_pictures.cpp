@@ -103,16 +103,14 @@ Picture pictureOf(const QImage& image) {
     return picture;
 }
 
-/// The picture less its transparency; null for one whose points are not as many as its sides say.
-QImage opaqueImage(const Picture& picture) {
+/// The picture less its transparency, in the picture's own memory, since it may be large; null for one whose points are
+/// not as many as its sides say.
+QImage opaqueImage(Picture& picture) {
     const auto points = static_cast<long long>(picture.argb.size());
     if (picture.width < 1 || points != static_cast<long long>(picture.width) * picture.height) return {};
-    QImage image(picture.width, picture.height, QImage::Format_RGB32);
-    if (image.isNull()) return image;
-    auto from = picture.argb.begin();
-    for (int y = 0; y < picture.height; ++y, from += picture.width)
-        std::transform(from, from + picture.width, reinterpret_cast<QRgb*>(image.scanLine(y)),
-                       [](std::uint32_t point) { return point | kOpaque; });
+    for (std::uint32_t& point : picture.argb) point |= kOpaque;
+    QImage image(reinterpret_cast<uchar*>(picture.argb.data()), picture.width, picture.height,
+                 static_cast<qsizetype>(picture.width) * 4, QImage::Format_RGB32);
     // Otherwise the screen's own resolution would go into a file.
     image.setDotsPerMeterX(kDotsPerMetre);
     image.setDotsPerMeterY(kDotsPerMetre);
@@ -136,9 +134,10 @@ Picture QtPictures::open(const std::string& path) {
     return pictureOf(image);
 }
 
-std::string QtPictures::bmp(const Picture& picture) {
+std::string QtPictures::bmp(Picture picture) {
     const QImage image = opaqueImage(picture);
     QByteArray bytes;
+    bytes.reserve(image.sizeInBytes());  // a file has three bytes for each four of the image
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     if (image.isNull() || !image.save(&buffer, "BMP"))

@@ -11,7 +11,7 @@ class QtPictures : public Pictures {
 public:
     /// At most 2048 points a side come back.
     Picture open(const std::string& path) override;
-    std::string bmp(const Picture& picture) override;
+    std::string bmp(Picture picture) override;
 };
 
 }  // namespace gatehouse

@@ -6,6 +6,7 @@
 #include <QByteArray>
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <sys/stat.h>
 #include <zip.h>
 
@@ -151,6 +152,10 @@ private:
 class ZipArchive : public Archive {
 public:
     explicit ZipArchive(ZipHandle zip) : zip_(std::move(zip)) {}
+    ~ZipArchive() override {
+        zip_.reset();
+        ::malloc_trim(0);  // a long directory is many small pieces, which would stay the process's own
+    }
 
     void list(const std::function<void(const std::string&)>& onEntry) override;
     EntryFault read(const std::string& entry, std::uint64_t most, std::size_t pieceSize,

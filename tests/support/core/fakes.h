@@ -199,7 +199,7 @@ class FakePictures : public Pictures {
 public:
     explicit FakePictures(MemoryFiles& files) : files_(files) {}
     Picture open(const std::string& path) override;
-    std::string bmp(const Picture& picture) override { return std::to_string(picture.width); }
+    std::string bmp(Picture picture) override { return std::to_string(picture.width); }
     std::vector<std::string> shown;
 
 private:
