@@ -103,8 +103,11 @@ private:
     void placePanels();
     void fillInitialValues();
     void findMods();
-    void findUserMaps();
-    void findUserModels();
+    struct FirstScanTexts {
+        std::string title, what, folder;
+    };
+    void scanUnlessListed(const std::string& list, ArchiveScan& scan, const FirstScanTexts& texts);
+    void findMapsAndModels();
     void chooseDocument();
     bool loadChosenDocument();
     void showMainWindow();

@@ -39,8 +39,7 @@ void Gatehouse::StartupDriver() {
     mods.aliases.loadAliases();
     servers.lists.LoadServerList(run.CurrentServerList);
     findMods();
-    findUserMaps();
-    findUserModels();
+    findMapsAndModels();
     chooseDocument();
     if (!loadChosenDocument()) return;
     content.maps.markRotation(config.doc.maplist);
@@ -214,27 +213,22 @@ void Gatehouse::findMods() {
     mods.choice.fillModcombo(services_.files);
 }
 
-void Gatehouse::findUserMaps() {
-    if (!services_.files.fileExists(content.maps.userMapsPath())) {
-        services_.dialogs.show({.title = "User Map Search",
-                                .text = "Gatehouse will now extract the map names & descriptions\r\n"
-                                        "from any non-standard PAK files in your BASEQ3 folder or the\r\n"
-                                        "MAPS folder. This may take a minute or two.",
-                                .icon = Icon::Information});
-        content.mapScan.run();
-    }
-    content.maps.loadUserMaps();
+void Gatehouse::scanUnlessListed(const std::string& list, ArchiveScan& scan, const FirstScanTexts& texts) {
+    if (services_.files.fileExists(list)) return;
+    services_.dialogs.show({.title = texts.title,
+                            .text = "Gatehouse will now extract the " + texts.what +
+                                    "\r\nfrom any non-standard PAK files in your BASEQ3 folder or the\r\n" + texts.folder +
+                                    " folder. This may take a minute or two.",
+                            .icon = Icon::Information});
+    scan.run();
 }
 
-void Gatehouse::findUserModels() {
-    if (!services_.files.fileExists(content.models.userModelsPath())) {
-        services_.dialogs.show({.title = "User Model Search",
-                                .text = "Gatehouse will now extract the models & skins\r\n"
-                                        "from any non-standard PAK files in your BASEQ3 folder or the\r\n"
-                                        "Models folder. This may take a minute or two.",
-                                .icon = Icon::Information});
-        content.modelScan.run();
-    }
+void Gatehouse::findMapsAndModels() {
+    scanUnlessListed(content.maps.userMapsPath(), content.mapScan,
+                     {"User Map Search", "map names & descriptions", "MAPS"});
+    content.maps.loadUserMaps();
+    scanUnlessListed(content.models.userModelsPath(), content.modelScan,
+                     {"User Model Search", "models & skins", "Models"});
     content.models.loadUserModels();
 }
 

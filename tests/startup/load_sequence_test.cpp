@@ -54,7 +54,13 @@ TEST_F(LoadSequenceTest, MapsAndModelsAreSearchedForWhereTheirListsAreMissing) {
     const auto& maps = program.content.maps.maptree;
     EXPECT_EQ(maps.at(maps.count()).text, "NEW New");
     EXPECT_TRUE(program.content.models.selectModel("Robot\\Red"));
-    EXPECT_TRUE(logged("finished extracting 1 new maps, 0 new map previews") && world.dialogs.shown.size() == 2);
+    EXPECT_TRUE(logged("finished extracting 1 new maps, 0 new map previews"));
+    ASSERT_EQ(world.dialogs.shown.size(), 2U);
+    const std::string where = "from any non-standard PAK files in your BASEQ3 folder or the\r\n";
+    EXPECT_EQ(world.dialogs.shown[0].text, "Gatehouse will now extract the map names & descriptions\r\n" + where +
+                                               "MAPS folder. This may take a minute or two.");
+    EXPECT_EQ(world.dialogs.shown[1].text, "Gatehouse will now extract the models & skins\r\n" + where +
+                                               "Models folder. This may take a minute or two.");
 }
 
 TEST_F(LoadSequenceTest, OptionsOfAnEarlierVersionAreBroughtUpToThisOne) {
