@@ -54,7 +54,7 @@ QLayout* PakMapsDialog::makeButtons() {
                                               std::tuple{"pakcancel", tr("Cancel"), &PakMapsForm::pakcancel_Click}}) {
         auto* button = new QPushButton(text, this);
         button->setObjectName(name);
-        connect(button, &QPushButton::clicked, this, [this, run = command] { (form_.*run)(); });
+        connect(button, &QPushButton::clicked, this, [&form = form_, run = command] { (form.*run)(); });
         buttons->addWidget(button);
     }
     findChild<QPushButton*>("pakOK")->setDefault(true);
