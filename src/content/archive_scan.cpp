@@ -17,26 +17,29 @@ bool isGameArchive(const FolderEntry& archive) { return equalNoCase(archive.name
 bool ArchiveScan::run() {
     if (view.q3scan.get()) return false;  // one at a time
     leftOut_.clear();
-    bool ended = false;
+    bool whole = false;
     {
         const Hourglass hourglass(run_);
         const Showing showing(view);
         try {
-            recoverGameDir(run_, options_);
-            scan();
-            ended = true;
+            whole = scan();
         } catch (const RuntimeFailure& failure) {
             log_.logEvent(failure.what(), true);
         }
     }
     leftOut_.tell(std::string(view.caption));
-    return ended;
+    return whole;
 }
 
-void ArchiveScan::forEachArchive(const std::function<void(const Opened&)>& visit) {
+void ArchiveScan::enterGame() {
+    events_.yield();
+    recoverGameDir(run_, options_);
+}
+
+void ArchiveScan::forEachArchive(Own own, const std::function<void(const Opened&)>& visit) {
     for (const FolderEntry& file : files_.listFolder(gameFile("")).files) {
         if (view.stopped()) return;
-        if (!endsWithNoCase(file.name, kArchiveEnd)) continue;
+        if (!endsWithNoCase(file.name, kArchiveEnd) || (own == Own::LeaveOut && isGameArchive(file))) continue;
         events_.yield();
         const auto archive = archives_.open(file.path);
         if (archive)
@@ -64,6 +67,7 @@ void ArchiveScan::forEachEntry(const Opened& opened, const std::string& phase, c
         leftOut_.add(opened.file.path, {},
                      std::to_string(more) + " more of *" + std::string(filter.srchext) + ": a scan takes " +
                          std::to_string(kMostEntries) + " of each kind from an archive");
+    if (!kept.empty()) view.startBar(static_cast<double>(kept.size()));
     double done = 0;
     for (const std::string& entry : kept) {
         if (view.stopped()) return;
@@ -75,11 +79,12 @@ void ArchiveScan::forEachEntry(const Opened& opened, const std::string& phase, c
     }
 }
 
-void ArchiveScan::guarded(const std::string& trouble, const std::function<void()>& action) {
+void ArchiveScan::guarded(const Guarded& what, const std::function<void()>& action) {
     try {
         action();
     } catch (const RuntimeFailure& failure) {
-        log_.logEvent(trouble + ": " + failure.what());
+        log_.logEvent(what.trouble + (what.saysWhy ? std::string(": ") + failure.what() : ""));
+        leftOut_.add(what.archive, what.entry, failure.what());
     }
 }
 

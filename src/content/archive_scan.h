@@ -30,7 +30,7 @@ public:
     virtual ~ArchiveScan() = default;
 
     /// The whole scan, with its window on show meanwhile. A failure that the scan itself does not live with ends it with
-    /// a serious log line. False then.
+    /// a serious log line. False then, and where something that was found could not be written into the list.
     bool run();
 
     ScanView view;
@@ -50,15 +50,21 @@ protected:
     ArchiveScan(const ArchiveScan&) = delete;
     ArchiveScan& operator=(const ArchiveScan&) = delete;
 
-    virtual void scan() = 0;
+    /// False if something that was found is not in the list. Fails if it can't go on.
+    virtual bool scan() = 0;
+
+    /// To be called once the list is open: lets handlers run, and makes sure that the game's folder is known.
+    void enterGame();
 
     /// One archive of the game, and the open file.
     struct Opened {
         const FolderEntry& file;
         Archive& archive;
     };
-    /// All archives of the game's folder, in the folder's order, until somebody stops the scan.
-    void forEachArchive(const std::function<void(const Opened&)>& visit);
+    enum class Own { Take, LeaveOut };
+    /// All archives of the game's folder, with the game's own or without it, in the folder's order, until somebody stops
+    /// the scan.
+    void forEachArchive(Own own, const std::function<void(const Opened&)>& visit);
 
     struct Filter {
         std::string_view srchdir;  ///< stands anywhere in the name, in any case
@@ -70,8 +76,14 @@ protected:
     void forEachEntry(const Opened& opened, const std::string& phase, const Filter& filter,
                       const std::function<void(const std::string&)>& visit);
 
-    /// Runs what may fail for one entry; `trouble` begins the log line of a failure.
-    void guarded(const std::string& trouble, const std::function<void()>& action);
+    struct Guarded {
+        const std::string& archive;  ///< or the file, where there is no archive
+        const std::string& entry;
+        std::string trouble;         ///< how the log line of a failure begins
+        bool saysWhy = true;         ///< whether the reason stands in that line
+    };
+    /// Runs what may fail for one entry, which is left out then.
+    void guarded(const Guarded& what, const std::function<void()>& action);
 
     std::string gameFile(std::string_view name) const { return run_.GameDir + "baseq3\\" + std::string(name); }
     /// To be called behind all passes: logs it if somebody has stopped the scan, and takes the hourglass off.

@@ -40,6 +40,7 @@ void ContentRoom::mdltree_NodeClick() {
 }
 
 void ContentRoom::ptool1_ButtonClick() {
+    if (modelScan.view.q3scan.get()) return;
     const Answer answer = dialogs_.show({.title = "Model Search",
                                          .text = "Gatehouse can scan your Quake 3 folders for new\r\n"
                                                  "models & skins. This may take a minute or two if\r\n"

@@ -5,7 +5,9 @@
 namespace gatehouse {
 
 void LeftOut::add(const std::string& archive, const std::string& entry, const std::string& reason) {
-    const std::string line = oneLine(archive + (entry.empty() ? "" : ": " + entry) + ": " + reason);
+    constexpr std::size_t kLongestShown = 300;
+    const std::string shown = entry.size() > kLongestShown ? left(entry, kLongestShown) + "..." : entry;
+    const std::string line = oneLine(archive + (entry.empty() ? "" : ": " + shown) + ": " + reason);
     log_.logEvent("left out: " + line, true);
     lines_.push_back(line);
 }

@@ -2,6 +2,8 @@
 
 #include "base/text.h"
 
+#include <utility>
+
 namespace gatehouse {
 
 namespace {
@@ -24,8 +26,10 @@ LineAppender::LineAppender(Files& files, const std::string& path)
 void LineAppender::write(const std::string& line) {
     const std::string text = std::string(midLine_ ? kCrLf : "") + oneLine(line) + std::string(kCrLf);
     midLine_ = true;  // a line of which only a part came on the disk
+    const bool failedBefore = std::exchange(failed_, true);
     file_->write(text);
     midLine_ = false;
+    failed_ = failedBefore;
 }
 
 }  // namespace gatehouse

@@ -14,9 +14,12 @@ public:
     LineAppender(Files& files, const std::string& path);
     void write(const std::string& line);
     void close() { file_->close(); }
+    /// Whether a line has failed, so far.
+    bool failed() const { return failed_; }
 
 private:
     bool midLine_;
+    bool failed_ = false;
     std::unique_ptr<TextWriter> file_;
 };
 

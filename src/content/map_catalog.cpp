@@ -217,15 +217,18 @@ void MapCatalog::walkTo(int position) {
     walked.emit();
 }
 
+std::unordered_set<std::string> MapCatalog::userMapTexts() const {
+    std::unordered_set<std::string> texts;
+    for (const MapEntry& node : maptree.rows())
+        if (startsWith(node.key, kUserPrefix)) texts.insert(trim(node.text));
+    return texts;
+}
+
 std::unordered_set<std::string> MapCatalog::userMapNames() const {
     std::unordered_set<std::string> names;
-    for (int position = 1; position <= maptree.count(); ++position) {
-        const MapEntry& node = maptree.at(position);
-        if (!startsWith(node.key, kUserPrefix)) continue;
-        const std::string text = upper(trim(node.text));
-        for (long blank = find(text, " "); blank != 0; blank = find(text, " ", blank + 1))
-            names.insert(left(text, blank - 1));
-        names.insert(text);
+    for (const std::string& text : userMapTexts()) {
+        const long blank = find(text, " ");
+        names.insert(blank == 0 ? text : upper(left(text, blank - 1)));
     }
     return names;
 }

@@ -64,8 +64,9 @@ public:
     int addUserMap(const std::string& name, const std::string& description);
 
     std::string userMapsPath() const;
-    /// Names that the user maps may have, upper-cased: a file's name can hold blanks, and the text doesn't tell which
-    /// of its blanks ends the name.
+    /// The trimmed texts of the user maps: name, blank and description.
+    std::unordered_set<std::string> userMapTexts() const;
+    /// What stands in front of the first blank of each, upper-cased; a text without a blank as it is.
     std::unordered_set<std::string> userMapNames() const;
 
     /// Takes the marks of use off all maps.

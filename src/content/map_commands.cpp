@@ -15,6 +15,7 @@ constexpr std::string_view kTitle = "Add Map to List";
 }  // namespace
 
 void MapCommands::scanForMaps() {
+    if (scan_.view.q3scan.get()) return;
     const Answer answer = dialogs_.show({.title = "Scan for new maps",
                                          .text = "Gatehouse can scan your Quake 3 folders for new\r\n"
                                                  "maps. This may take a minute or two if there are\r\n"
@@ -89,8 +90,9 @@ void MapCommands::addEntry(Archive& archive, const std::string& path, const PakM
     std::optional<DescriptionSearch> search;
     const auto take = [&](std::uint64_t size, std::string_view piece) {
         if (!search) search.emplace(size);
-        if (!search->done()) search->take(piece);
+        if (search->done()) return;
         scan_.descriptions.showProgress(*search);
+        search->take(piece);
     };
     if (const EntryFault fault = archive.read(map.entry, kMostMapBytes, DescriptionSearch::kChunk, take))
         return leftOut_.add(path, map.entry, *fault);

@@ -24,12 +24,14 @@ MapScan::MapScan(const Ground& ground, Archives& archives, const MapCatalog& map
       descriptions(ground, view, q3status),
       maps_(maps) {}
 
-void MapScan::scan() {
+bool MapScan::scan() {
     newMaps_ = newPreviews_ = 0;
     known_ = maps_.userMapNames();
+    listed_ = maps_.userMapTexts();
     log_.logEvent("finding non-standard maps");
     LineAppender usermaps(files_, maps_.userMapsPath());
-    forEachArchive([&](const Opened& opened) {
+    enterGame();
+    forEachArchive(Own::Take, [&](const Opened& opened) {
         takeMaps(opened, usermaps);
         takeLevelShots(opened);
         view.startBar(100);
@@ -40,6 +42,7 @@ void MapScan::scan() {
     log_.logEvent("finished extracting " + std::to_string(newMaps_) + " new maps, " + std::to_string(newPreviews_) +
                   " new map previews");
     usermaps.close();
+    return !usermaps.failed();
 }
 
 void MapScan::takeMaps(const Opened& opened, LineAppender& usermaps) {
@@ -48,7 +51,7 @@ void MapScan::takeMaps(const Opened& opened, LineAppender& usermaps) {
     };
     forEachEntry(opened, "Looking for maps in ", {kMapsFolder, "bsp", unknown}, [&](const std::string& entry) {
         if (isGameArchive(opened.file)) return;
-        guarded("problem with map " + entry + " in file " + opened.file.path,
+        guarded({opened.file.path, entry, "problem with map " + entry + " in file " + opened.file.path},
                 [&] { takeMap(opened, entry, usermaps); });
     });
 }
@@ -75,13 +78,16 @@ void MapScan::takeMap(const Opened& opened, const std::string& entry, LineAppend
 }
 
 void MapScan::write(LineAppender& usermaps, const std::string& name, const std::string& description) {
-    usermaps.write(name + " " + description);
+    const std::string line = oneLine(name + " " + description);
+    // A name with a blank in it is never known; its line would come again with each scan.
+    if (listed_.contains(trim(line))) return;
+    usermaps.write(line);
     newMaps_ = addInt16(newMaps_, 1);
 }
 
 void MapScan::takeLevelShots(const Opened& opened) {
     forEachEntry(opened, "Looking for pics in ", {kLevelShotsFolder, "jpg"}, [&](const std::string& entry) {
-        guarded("problem with levelshot " + entry, [&] {
+        guarded({opened.file.path, entry, "problem with levelshot " + entry}, [&] {
             if (files_.fileExists(run_.AppDir + entry)) return;
             const EntryFault fault =
                 opened.archive.extract(entry, kMostPictureBytes, run_.AppDir, [this] { pace_.breathe(); });
@@ -98,7 +104,7 @@ void MapScan::takeLooseMaps(LineAppender& usermaps) {
         if (view.stopped()) return;
         pace_.breathe();
         if (!endsWithNoCase(file.name, "bsp")) continue;
-        guarded("problem with map " + file.name, [&] { takeLooseMap(file, usermaps); });
+        guarded({file.path, {}, "problem with map " + file.name}, [&] { takeLooseMap(file, usermaps); });
     }
 }
 
@@ -121,8 +127,12 @@ void MapScan::copyLevelShot(const std::string& name, const std::string& file) {
 
 void MapScan::deleteExtracted() {
     // By the spelling that it is listed with: a folder tree goes by its exact name only.
-    for (const FolderEntry& folder : files_.listFolder(run_.AppDir).folders)
-        if (equalNoCase(folder.name, kMapsFolder)) files_.deleteFolder(folder.path);
+    try {
+        for (const FolderEntry& folder : files_.listFolder(run_.AppDir).folders)
+            if (equalNoCase(folder.name, kMapsFolder)) files_.deleteFolder(folder.path);
+    } catch (const FileFailure& failure) {
+        log_.logEvent(failure.what(), true);
+    }
 }
 
 }  // namespace gatehouse

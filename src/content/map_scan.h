@@ -21,7 +21,7 @@ public:
     DescriptionScan descriptions;
 
 private:
-    void scan() override;
+    bool scan() override;
     void takeMaps(const Opened& opened, LineAppender& usermaps);
     void takeMap(const Opened& opened, const std::string& entry, LineAppender& usermaps);
     void takeLevelShots(const Opened& opened);
@@ -32,7 +32,8 @@ private:
     void deleteExtracted();
 
     const MapCatalog& maps_;
-    std::unordered_set<std::string> known_;
+    std::unordered_set<std::string> known_;   ///< names
+    std::unordered_set<std::string> listed_;  ///< whole lines
     std::int16_t newMaps_ = 0;
     std::int16_t newPreviews_ = 0;
 };

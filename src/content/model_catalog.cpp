@@ -55,6 +55,8 @@ bool isPath(std::string_view path, std::string_view model, std::string_view skin
 
 }  // namespace
 
+std::span<const std::string_view> standardModels() { return kModels; }
+
 void ModelCatalog::loadStandardModels() {
     mdltree.clear();
     ModelPositions models;

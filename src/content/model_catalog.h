@@ -4,6 +4,7 @@
 #include "base/table.h"
 #include "platform/ground.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,9 @@ using ModelTree = Table<ModelEntry>;
 
 /// The skin that a model stands for where none is named.
 inline constexpr std::string_view kDefaultSkin = "Default";
+
+/// The models that the game comes with.
+std::span<const std::string_view> standardModels();
 
 /// The catalog of models and skins: the tree `mdltree`, the standard models and the file `usermdls.txt`.
 class ModelCatalog {

@@ -41,13 +41,13 @@ ModelScan::ModelScan(const Ground& ground, Archives& archives, Pictures& picture
       pictures_(pictures),
       models_(models) {}
 
-void ModelScan::scan() {
+bool ModelScan::scan() {
     newModels_ = newSkins_ = newPreviews_ = 0;
     log_.logEvent("finding non-standard models");
     LineAppender usermdls(files_, models_.userModelsPath());
     learnKnown();
-    forEachArchive([&](const Opened& opened) {
-        if (isGameArchive(opened.file)) return;
+    enterGame();
+    forEachArchive(Own::LeaveOut, [&](const Opened& opened) {
         countModels(opened);
         takeSkins(opened, usermdls);
         takeIcons(opened);
@@ -56,26 +56,25 @@ void ModelScan::scan() {
     log_.logEvent("finished extracting " + std::to_string(newModels_) + " new models, " + std::to_string(newSkins_) +
                   " new skins," + std::to_string(newPreviews_) + " new previews");
     usermdls.close();
+    return !usermdls.failed();
 }
 
 void ModelScan::learnKnown() {
     knownModels_.clear();
     knownSkins_.clear();
+    // Every other model of the archives is told as new, each time.
+    for (const std::string_view model : standardModels()) knownModels_.insert(lower(std::string(model)));
     const ModelTree& tree = models_.mdltree;
-    for (int position = 1; position <= tree.count(); ++position) {
-        const ModelEntry& node = tree.at(position);
-        if (node.parent == 0)
-            knownModels_.insert(lower(node.text));
-        else
+    for (int position = 1; position <= tree.count(); ++position)
+        if (const ModelEntry& node = tree.at(position); node.parent != 0)
             knownSkins_.insert(lower(tree.at(node.parent).text + "/" + node.text));
-    }
     const auto file = files_.openText(models_.userModelsPath());
     for (std::string line; file->readLine(line);) knownSkins_.insert(lower(line));
 }
 
 void ModelScan::countModels(const Opened& opened) {
     forEachEntry(opened, "Looking for models in ", {"models/players", "upper.md3"}, [&](const std::string& entry) {
-        guarded("problem with model " + entry, [&] {
+        guarded({opened.file.path, entry, "problem with model " + entry, false}, [&] {
             if (knownModels_.insert(lower(folderAbove(entry))).second) newModels_ = addInt16(newModels_, 1);
         });
     });
@@ -83,7 +82,7 @@ void ModelScan::countModels(const Opened& opened) {
 
 void ModelScan::takeSkins(const Opened& opened, LineAppender& usermdls) {
     forEachEntry(opened, "Looking for skins in ", {"upper_", "skin"}, [&](const std::string& entry) {
-        guarded("problem with skin " + entry + " in file " + opened.file.path, [&] {
+        guarded({opened.file.path, entry, "problem with skin " + entry + " in file " + opened.file.path}, [&] {
             const std::string line = oneLine(withCapital(folderAbove(entry)) + "/" + withCapital(skinOf(entry)));
             if (knownSkins_.contains(lower(line))) return;
             usermdls.write(line);
@@ -95,28 +94,29 @@ void ModelScan::takeSkins(const Opened& opened, LineAppender& usermdls) {
 
 void ModelScan::takeIcons(const Opened& opened) {
     forEachEntry(opened, "Looking for icons in ", {"icon_", "tga"}, [&](const std::string& entry) {
-        guarded("problem with icon " + entry + " in file " + opened.file.path, [&] { takeIcon(opened, entry); });
+        guarded({opened.file.path, entry, "problem with icon " + entry + " in file " + opened.file.path},
+                [&] { takeIcon(opened, entry); });
     });
 }
 
-void ModelScan::takeIcon(const Opened& opened, const std::string& entry) {
-    const std::string target = cut(entry, 0, 4) + ".bmp";
-    if (files_.fileExists(run_.AppDir + target)) return;
+EntryFault ModelScan::readIcon(const Opened& opened, const std::string& entry, Picture& icon) {
     std::string tga;
     const auto take = [&](std::uint64_t size, std::string_view piece) {
         tga.reserve(size);
         tga.append(piece);
         pace_.breathe();
     };
-    EntryFault fault = opened.archive.read(entry, kMostPictureBytes, kPiece, take);
-    if (!fault) {
-        try {
-            fault = archives_.store(pictures_.bmp(decodeTga(std::exchange(tga, {}))), target, run_.AppDir);
-        } catch (const RuntimeFailure& failure) {
-            leftOut_.add(opened.file.path, entry, failure.what());
-            throw;
-        }
-    }
+    const EntryFault fault = opened.archive.read(entry, kMostPictureBytes, kPiece, take);
+    if (!fault) icon = decodeTga(tga);
+    return fault;
+}
+
+void ModelScan::takeIcon(const Opened& opened, const std::string& entry) {
+    const std::string target = cut(entry, 0, 4) + ".bmp";
+    if (files_.fileExists(run_.AppDir + target)) return;
+    Picture icon;
+    EntryFault fault = readIcon(opened, entry, icon);
+    if (!fault) fault = archives_.store(pictures_.bmp(std::move(icon)), target, run_.AppDir);
     if (fault) return leftOut_.add(opened.file.path, entry, *fault);
     newPreviews_ = addInt16(newPreviews_, 1);
 }

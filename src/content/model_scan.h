@@ -18,12 +18,13 @@ public:
     ModelScan(const Ground& ground, Archives& archives, Pictures& pictures, const ModelCatalog& models);
 
 private:
-    void scan() override;
+    bool scan() override;
     void learnKnown();
     void countModels(const Opened& opened);
     void takeSkins(const Opened& opened, LineAppender& usermdls);
     void takeIcons(const Opened& opened);
     void takeIcon(const Opened& opened, const std::string& entry);
+    EntryFault readIcon(const Opened& opened, const std::string& entry, Picture& icon);
 
     Pictures& pictures_;
     const ModelCatalog& models_;

@@ -69,7 +69,7 @@ std::vector<std::string> EventLog::oldLogs() const {
 
 void EventLog::keep(const std::string& line) {
     try {
-        logStream_->writeLine(line);
+        logStream_->writeLine(oneLine(line));  // a name from outside must not look like a line of its own
     } catch (const FileFailure& failure) {
         // A line is no reason to end anything; the first one that is lost is told where all lines are shown.
         if (std::exchange(dropped_, true)) return;

@@ -65,7 +65,9 @@ def main(folder):
         stored(b"models/players/a/icon_good.tga", tga(2, 1, 1, 32, b"\1\2\3\4"))])
     names = [b"\x83\x7d\x83\x62\x83\x76", b"caf\x82", b"\xff\xfe", b"\xc3\x28", "Карта".encode("cp866"), b"tab\there"]
     archive(f"{folder}/names.pk3", [stored(b"maps/" + name + b".bsp", b"x") for name in names] +
-            [stored(b"levelshots/" + name + b".jpg", b"x") for name in names])
+            [stored(b"levelshots/" + name + b".jpg", b"x") for name in names] +
+            [stored(b"usermdls.txt/levelshots/x.jpg", b"x"), stored(b"maps/" + b"a/" * 1500 + b"levelshots.jpg", b"x"),
+             stored(b"levelshots/" + b"x" * 5000 + b".jpg", b"x")])
     with zipfile.ZipFile(f"{folder}/whole.zip", "w") as whole:
         for number in range(50):
             whole.writestr(f"maps/m{number}.bsp", b"x")

@@ -50,6 +50,9 @@ icons.pk3 icon_claims.tga:
 icons.pk3 icon_huge.tga:
 icons.pk3 icon_runs.tga:
 icons.pk3 icon_none.tga:
+names.pk3 usermdls.txt/levelshots/x.jpg:
+names.pk3 maps/a/a/a/
+names.pk3 levelshots/xxxxx
 many.pk3 maps/../../../escaped.bsp:
 many.pk3 levelshots/../../../escaped.jpg:
 cut0.pk3

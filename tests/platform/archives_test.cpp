@@ -74,9 +74,13 @@ TEST_F(ArchivesTest, ExtractsBelowTheFolder) {
 }
 
 TEST_F(ArchivesTest, NothingLandsOutside) {
-    const Names hostile{"../x", "..\\..\\x", "a/../../x", "maps/..\\..\\..\\x", "/x", "\\x", "//x", "C:\\x", "c:x",
+    Names hostile{"../x", "..\\..\\x", "a/../../x", "maps/..\\..\\..\\x", "/x", "\\x", "//x", "C:\\x", "c:x",
                         "maps/C:/x", "x:stream", "..", ".", "maps/", "maps\\", "linked/x", "maps/linked/x",
-                        "folder"};
+                        "folder", "usermdls.txt/x"};
+    std::string deep = "x";
+    for (int i = 0; i < 40; ++i) deep.insert(0, "a/");
+    hostile.push_back(deep);
+    hostile.push_back(std::string(5000, 'x'));
     std::vector<Entry> entries;
     for (const auto& name : hostile) entries.push_back({name});
     make(entries);

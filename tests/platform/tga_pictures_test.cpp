@@ -111,6 +111,9 @@ TEST(PicturesTest, OpensItsOwnFormatsAlone) {
 
     scratch.put("text.jpg", "a text");
     wide.save(place("png.jpg"), "png");
+    std::string scans = scratch.content("jpeg.bmp");
+    for (int i = 0; i < 100; ++i) scans += "\xFF\xDA";
+    scratch.put("scans.jpg", scans);
     scratch.put("cut.bmp", bmp.substr(0, bmp.size() - 1));
     scratch.put("long.bmp", bmp);
     std::filesystem::resize_file(scratch.native("long.bmp"), (64 << 20) + 1);
@@ -118,7 +121,7 @@ TEST(PicturesTest, OpensItsOwnFormatsAlone) {
     const std::vector<std::pair<std::string, std::string>> refused{
         {"text.jpg", "it is no JPEG or BMP picture"}, {"png.jpg", "it is no JPEG or BMP picture"},
         {"missing.jpg", "No such file"}, {"cut.bmp", "its data end too early"}, {"wide.bmp", "it claims 16385 x 2 "},
-        {"long.bmp", "it is larger than 64 MiB"}};
+        {"long.bmp", "it is larger than 64 MiB"}, {"scans.jpg", "it is drawn in too many scans"}};
     for (const auto& row : refused)
         expectFailure([&] { open(row.first); }, "Can't open " + scratch.path(row.first) + ": " + row.second);
     expectFailure([&] { pictures.bmp({2, 2, {1, 2, 3}}); }, "2 x 2 points");

@@ -30,12 +30,12 @@ TEST_F(EventLogTest, TheLevelDecidesWhichLinesReachTheFile) {
     const struct {
         int level;
         std::string lines;
-    } cases[] = {{-1, ""}, {0, ""}, {1, "grave\r\n"}, {2, "light\r\ngrave\r\n"}};
+    } cases[] = {{-1, ""}, {0, ""}, {1, "grave\r\n"}, {2, "li ght\r\ngrave\r\n"}};
     for (const auto& one : cases) {
         options.q3loglevel.setIndex(one.level);
         run.LogOpen = false;
         ASSERT_TRUE(log.purgeAndCreate("5"));
-        log.logEvent("light");
+        log.logEvent("li\nght");
         log.logEvent("grave", true);
         EXPECT_EQ(linesAfterHeader(), one.lines) << one.level;
     }

@@ -4,6 +4,7 @@
 #include "window/widgets/table_view.h"
 #include "window/widgets/tree_search.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QProgressBar>
 #include <QPushButton>
@@ -114,6 +115,18 @@ TEST_F(ContentWindowsTest, ThePreviewFollowsTheChoiceZoomsAndHidesByTheKeyboardA
     EXPECT_TRUE(preview()->isVisible()) << "a click on the row that is current already";
     preview()->close();
     EXPECT_FALSE(preview()->isVisible() || program.content.preview.q3levelshot.get());
+}
+
+TEST_F(ContentWindowsTest, NoCommandRunsBehindADialog) {
+    maps().setCurrent(1);
+    program.rules.q3about.set(true);
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }, 5000));
+    window.findChild<QAction*>("mtool3_4")->trigger();
+    EXPECT_TRUE(world.dialogs.shown.empty());
+    program.rules.q3about.set(false);
+    world.dialogs.answer("No!", Answer::Ok);
+    window.findChild<QAction*>("mtool3_4")->trigger();
+    EXPECT_EQ(world.dialogs.shown.size(), 1U);
 }
 
 TEST_F(ContentWindowsTest, WhatIsTypedNarrowsTheTreeAndEscapePutsItBack) {

@@ -18,7 +18,9 @@ namespace {
 constexpr std::size_t kLargestFile = std::size_t{64} << 20;
 constexpr int kLongestSide = 16384;
 /// A JPEG file of a few bytes makes its reader take several bytes for each point that it claims.
-constexpr long long kMostPoints = 1LL << 26;
+constexpr long long kMostPoints = 1LL << 24;
+/// Each scan of a progressive JPEG file goes over all points, whatever few bytes it has itself.
+constexpr int kMostScans = 100;
 constexpr int kLongestShown = 2048;
 constexpr int kDotsPerMetre = 2835;
 constexpr QRgb kOpaque = 0xFF000000;
@@ -62,6 +64,14 @@ bool holdsPoints(std::string_view bytes, const QSize& size) {
     return start + line * static_cast<std::uint64_t>(size.height()) <= bytes.size();
 }
 
+/// The number of scans in a JPEG file: within the points no two bytes read like that marker.
+int scansIn(std::string_view bytes) {
+    constexpr std::string_view kStartOfScan = "\xFF\xDA";
+    int count = 0;
+    for (auto at = bytes.find(kStartOfScan); at != std::string_view::npos; at = bytes.find(kStartOfScan, at + 1)) ++count;
+    return count;
+}
+
 /// Why a picture can't be read; empty if nothing is known against it.
 std::string faultOf(const QImageReader& reader, std::string_view bytes) {
     const QByteArray format = reader.format();
@@ -71,6 +81,7 @@ std::string faultOf(const QImageReader& reader, std::string_view bytes) {
     const int longer = std::max(size.width(), size.height());
     if (longer > kLongestSide || static_cast<long long>(size.width()) * size.height() > kMostPoints)
         return "it claims " + sizeText(size.width(), size.height()) + ", which is too large";
+    if (format == "jpeg" && scansIn(bytes) > kMostScans) return "it is drawn in too many scans";
     if (format == "bmp" && !holdsPoints(bytes, size)) return "its data end too early";
     return "";
 }
@@ -135,13 +146,15 @@ Picture QtPictures::open(const std::string& path) {
 }
 
 std::string QtPictures::bmp(Picture picture) {
-    const QImage image = opaqueImage(picture);
+    QImage image = opaqueImage(picture);
     QByteArray bytes;
     bytes.reserve(image.sizeInBytes());  // a file has three bytes for each four of the image
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     if (image.isNull() || !image.save(&buffer, "BMP"))
         throw RuntimeFailure("Can't make a picture of " + sizeText(picture.width, picture.height));
+    image = {};
+    picture = {};  // before there is a copy of the file
     return bytes.toStdString();
 }
 

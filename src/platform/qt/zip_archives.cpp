@@ -24,6 +24,7 @@ namespace gatehouse {
 namespace {
 
 constexpr std::size_t kLongestName = 4096;
+constexpr std::size_t kMostParts = 32;
 constexpr std::size_t kPiece = 65536;
 
 constexpr const char* kLeadsOut = "its name leads out of the folder, or is no file's";
@@ -54,10 +55,12 @@ private:
     bool unset_;
 };
 
-/// The parts of an entry's name as a path below a folder; nothing for a name that leads anywhere else.
+/// The parts of an entry's name as a path below a folder; nothing for a name that leads anywhere else, or absurdly deep.
 std::vector<std::string> partsBelow(std::string name) {
     std::replace(name.begin(), name.end(), '\\', '/');
-    if (name.empty() || name.starts_with('/') || name.ends_with('/') || name.find(':') != std::string::npos) return {};
+    if (name.empty() || name.size() > kLongestName || name.starts_with('/') || name.ends_with('/') ||
+        name.find(':') != std::string::npos)
+        return {};
     std::vector<std::string> parts;
     for (std::size_t start = 0; start <= name.size();) {
         const std::size_t end = std::min(name.find('/', start), name.size());
@@ -66,6 +69,7 @@ std::vector<std::string> partsBelow(std::string name) {
         if (!part.empty() && part != ".") parts.push_back(part);
         start = end + 1;
     }
+    if (parts.size() > kMostParts) return {};
     return parts;
 }
 
@@ -134,6 +138,10 @@ public:
     bool write(std::string_view bytes) { return scratch_ && *scratch_ && scratch_->write(bytes.data(), bytes.size()); }
     bool finish() {
         if (!scratch_ || !*scratch_ || !scratch_->close()) return false;
+        // A new folder must not take the name of a file that the program will want there one day.
+        const bool inFolder = parts_.size() > 1;
+        if (inFolder && parts_.front().find('.') != std::string::npos && !existingName(top_.get(), ".", parts_.front()))
+            return false;
         Descriptor place = openFolder(top_.get(), ".");
         for (std::size_t i = 0; i + 1 < parts_.size(); ++i) {
             place = enterFolder(place, parts_[i]);
@@ -177,7 +185,7 @@ void ZipArchive::list(const std::function<void(const std::string&)>& onEntry) {
         const char* stored = nameAt(i);
         if (!stored) continue;
         name = stored;
-        if (name.size() <= kLongestName) onEntry(name);
+        onEntry(name);
     }
 }
 

@@ -176,8 +176,20 @@ void leaveTypedText() {
     if (auto* line = qobject_cast<QLineEdit*>(focused)) Q_EMIT line->editingFinished();
 }
 
+namespace {
+
+/// Whether a dialog stands in front of the action's window. Keys and the mouse don't reach it then, but others may.
+bool isBehindDialog(const QAction& action) {
+    const QWidget* dialog = QApplication::activeModalWidget();
+    const auto* owner = qobject_cast<const QWidget*>(action.parent());
+    return dialog && owner && owner->window() != dialog;
+}
+
+}  // namespace
+
 void bindCommand(QAction& action, std::function<void()> command) {
-    QObject::connect(&action, &QAction::triggered, &action, [command = std::move(command)] {
+    QObject::connect(&action, &QAction::triggered, &action, [&action, command = std::move(command)] {
+        if (isBehindDialog(action)) return;
         runGuarded<QApplication>([&command] {
             leaveTypedText();
             command();
