@@ -218,7 +218,13 @@ TEST_F(ScansTest, MapsAreAddedFromFilesAndArchivesAndDeleted) {
     add("C:\\q3\\baseq3\\maps\\mine.bsp");
     EXPECT_EQ(tree.at(tree.current()).text + tree.at(tree.current()).key, "MINE MineAE00");
     EXPECT_TRUE(world.files.fileExists("C:\\gh\\levelshots\\mine.jpg"));
-    EXPECT_TRUE(world.log.has("new map \"MINE Mine\" added OK") && world.log.has("->levelshot copied OK"));
+    EXPECT_EQ(world.log.lines,
+              (std::vector<std::string>{"adding new map. displaying open dialog",
+                                        "user chose \"C:\\q3\\baseq3\\maps\\mine.bsp\"",
+                                        "scanning map for description (C:\\q3\\baseq3\\maps\\mine.bsp)",
+                                        "found \"Mine\" at 32768 of 32868 bytes",
+                                        "->looking for corresponding levelshot (C:\\q3\\baseq3\\levelshots\\MINE.jpg)",
+                                        "->levelshot copied OK", "new map \"MINE Mine\" added OK"}));
     EXPECT_EQ(status.get(), "Searching (32768 bytes)...");
 
     world.archives.put("C:\\d\\p.pk3", {{"maps/one.bsp", "x"}, {"maps/Two.BSP", titled("Second")},
@@ -232,7 +238,10 @@ TEST_F(ScansTest, MapsAreAddedFromFilesAndArchivesAndDeleted) {
     pick(2, true);
     add("C:\\d\\p.pk3");
     EXPECT_EQ(tree.at(tree.current()).text, "TWO Second");
-    EXPECT_TRUE(world.log.has("-> found and extracted levelshot OK"));
+    for (const char* line : {"user chose a pakfile. opening \"C:\\d\\p.pk3\"", "Looking inside pak for levelshot",
+                             "-> found and extracted levelshot OK",
+                             "new map \"TWO Second\" added from pak file OK"})
+        EXPECT_TRUE(world.log.has(line)) << line;
     pick(1, true);
     world.dialogs.answer("Map Error", Answer::Yes);
     add("C:\\d\\p.pk3");
@@ -257,6 +266,7 @@ TEST_F(ScansTest, MapsAreAddedFromFilesAndArchivesAndDeleted) {
     tree.setCurrent(fixed + 2);
     room.mapCommands.deleteMap();
     EXPECT_EQ(tree.at(tree.current()).text, "ONE ");
+    EXPECT_EQ(world.log.lines.back(), "deleting user map \"TWO Second\" from available maps list");
     world.dialogs.answer("Scan for new maps", Answer::Yes);
     room.mapCommands.scanForMaps();
     EXPECT_EQ(tree.count(), fixed + 2);
