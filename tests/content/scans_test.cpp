@@ -101,7 +101,14 @@ TEST_F(ScansTest, MapsComeFromArchivesAndFromTheirFolder) {
     world.files.put("C:\\gh\\Maps\\left.bsp", "of an earlier version");
     world.dialogs.answer("Map Error", Answer::No);  // an archive's map is written all the same
     world.dialogs.answer("Map Error", Answer::No);
+    std::vector<double> extents;
+    room.mapScan.view.extent.changed.connect([&] { extents.push_back(room.mapScan.view.extent.get()); });
+    double furthest = 0;
+    room.mapScan.view.progress.changed.connect([&] { furthest = std::max(furthest, room.mapScan.view.progress.get()); });
     EXPECT_TRUE(room.mapScan.run());
+    EXPECT_TRUE(std::count(extents.begin(), extents.end(), 6) && std::count(extents.begin(), extents.end(), kChunk + 100));
+    EXPECT_EQ(furthest, kChunk + 100) << "the bar goes on to the end of a map";
+    EXPECT_TRUE(world.log.has("could not find map description"));
     EXPECT_EQ(userMaps(),
               "OLD Here Before\r\nNEW New One\r\nQ3DM1 Standard\r\nAPS/X Below\r\nNO cancel\r\nLOOSE Loose One\r\n");
     EXPECT_EQ(world.files.content("C:\\gh\\levelshots\\new.jpg") + world.files.content("C:\\gh\\levelshots\\own.jpg") +
@@ -209,6 +216,8 @@ TEST_F(ScansTest, ModelsSkinsAndIcons) {
 TEST_F(ScansTest, MapsAreAddedFromFilesAndArchivesAndDeleted) {
     MapTree& tree = room.maps.maptree;
     const int fixed = tree.count();
+    int focused = 0;
+    room.mapCommands.focusWanted.connect([&focused] { ++focused; });
     const auto add = [this](const std::string& path) {
         world.dialogs.choose(path);
         room.mapCommands.addMap();
@@ -252,6 +261,8 @@ TEST_F(ScansTest, MapsAreAddedFromFilesAndArchivesAndDeleted) {
     EXPECT_EQ(leftOut(), "C:\\d\\p.pk3: maps/bad.bsp: it is damaged\n");
     pick(2, false);
     add("C:\\d\\p.pk3");
+    EXPECT_EQ(world.dialogs.lists.size(), 1U) << "what was left out is told once";
+    EXPECT_EQ(focused, 3);
     for (const char* refused : {"C:\\a.bsp", "C:\\q3\\baseq3\\maps\\gone.bsp"}) {
         world.dialogs.answer("No!", Answer::Ok);
         add(refused);

@@ -90,6 +90,7 @@ TEST(PicturesTest, OpensItsOwnFormatsAlone) {
     const auto place = [&](const char* name) { return QString::fromStdString(scratch.native(name)); };
     const std::string bmp =
         pictures.bmp({3, 2, {0x00616161, 0x80626262, 0xFF636363, 0x01646464, 0xFE656565, 0x00666666}});
+    EXPECT_EQ(bmp.substr(38, 4), bytesOf({0x13, 0x0B, 0, 0})) << "72 dots an inch, whatever the screen has";
     scratch.put("Shots/Own.BMP", bmp);
     EXPECT_EQ(open("shots\\own.bmp"), (Picture{3, 2, kPoints}));
     QImage wide(3000, 1000, QImage::Format_RGB32);
