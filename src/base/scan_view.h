@@ -18,7 +18,8 @@ public:
         std::string_view entry;     ///< of the label for the entry
         std::string_view progress;  ///< of the bar
     };
-    ScanView(const Names& viewNames, std::string_view title) : q3scan(viewNames.form), names(viewNames), caption(title) {}
+    ScanView(const Names& viewNames, std::string_view title)
+        : q3scan(viewNames.form), names(viewNames), caption(title) {}
 
     Form q3scan;
     const Names names;
@@ -46,6 +47,9 @@ private:
 
     bool stopped_ = false;
 };
+
+/// What the log says of a scan that somebody has stopped.
+inline constexpr std::string_view kScanStopped = "scan stopped by user";
 
 /// Puts the window of a scan up for as long as the scan goes on, however it ends.
 class Showing {

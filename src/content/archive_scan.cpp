@@ -91,7 +91,7 @@ void ArchiveScan::guarded(const Guarded& what, const std::function<void()>& acti
 void ArchiveScan::endPasses() {
     run_.hourglass.set(false);
     events_.yield();
-    if (view.stopped()) log_.logEvent("scan stopped by user");
+    if (view.stopped()) log_.logEvent(kScanStopped);
 }
 
 }  // namespace gatehouse

@@ -29,8 +29,8 @@ class ArchiveScan {
 public:
     virtual ~ArchiveScan() = default;
 
-    /// The whole scan, with its window on show meanwhile. A failure that the scan itself does not live with ends it with
-    /// a serious log line. False then, and where something that was found could not be written into the list.
+    /// The whole scan, with its window on show meanwhile. A failure that the scan itself does not live with ends it
+    /// with a serious log line. False then, and where something that was found could not be written into the list.
     bool run();
 
     ScanView view;
@@ -62,8 +62,8 @@ protected:
         Archive& archive;
     };
     enum class Own { Take, LeaveOut };
-    /// All archives of the game's folder, with the game's own or without it, in the folder's order, until somebody stops
-    /// the scan.
+    /// All archives of the game's folder, with the game's own or without it, in the folder's order, until somebody
+    /// stops the scan.
     void forEachArchive(Own own, const std::function<void(const Opened&)>& visit);
 
     struct Filter {
@@ -79,8 +79,8 @@ protected:
     struct Guarded {
         const std::string& archive;  ///< or the file, where there is no archive
         const std::string& entry;
-        std::string trouble;         ///< how the log line of a failure begins
-        bool saysWhy = true;         ///< whether the reason stands in that line
+        std::string trouble;  ///< how the log line of a failure begins
+        bool saysWhy = true;  ///< whether the reason stands in that line
     };
     /// Runs what may fail for one entry, which is left out then.
     void guarded(const Guarded& what, const std::function<void()>& action);

@@ -14,9 +14,10 @@
 
 namespace gatehouse {
 
-/// Looks for a map's title in the bytes of its file: the value of the key "message" in the entity text, which stands in a
-/// `.bsp` file (the game's own format) as it is. The file comes in chunks. In each of them only the first key counts, and
-/// that only with its whole value and not at the very start. A file of one chunk or less is not searched.
+/// Looks for a map's title in the bytes of its file: the value of the key "message" in the entity text, which stands in
+/// a
+/// `.bsp` file (the game's own format) as it is. The file comes in chunks. In each of them only the first key counts,
+/// and that only with its whole value and not at the very start. A file of one chunk or less is not searched.
 class DescriptionSearch {
 public:
     static constexpr std::size_t kChunk = 32768;  ///< bytes of every chunk but the last
@@ -58,7 +59,8 @@ public:
           q3getmaps_(q3getmaps),
           q3status_(q3status) {}
 
-    /// The description of the map in a file, empty if the user wants the map without, or `kCancel`. Fails like any file.
+    /// The description of the map in a file, empty if the user wants the map without, or `kCancel`. Fails like any
+    /// file.
     std::string scanFile(const std::string& path);
     /// The same for a search that was made elsewhere; `path` is where the file would be.
     std::string conclude(const std::string& path, const DescriptionSearch& search);

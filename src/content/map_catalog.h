@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 
 namespace gatehouse {
@@ -29,6 +30,9 @@ struct MapEntry {
     bool used = false;        ///< stands in the rotation: shown in the button-face colour
     MapImage image = MapImage::FreeMap;
 };
+
+/// The folder of the maps' pictures, in the program folder, in `baseq3` and in an archive.
+inline constexpr std::string_view kLevelShotsFolder = "levelshots";
 
 using MapTree = Table<MapEntry>;
 

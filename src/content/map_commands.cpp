@@ -12,6 +12,10 @@ namespace {
 
 constexpr std::string_view kTitle = "Add Map to List";
 
+std::string levelShot(const std::string& separator, const std::string& map) {
+    return std::string(kLevelShotsFolder) + separator + map + ".jpg";
+}
+
 }  // namespace
 
 void MapCommands::scanForMaps() {
@@ -60,10 +64,10 @@ void MapCommands::addFile(const std::string& path, const std::string& startFolde
     const std::string name = upper(cut(path, static_cast<long>(startFolder.size()) + 1, kEnding));
     const std::string description = scan_.descriptions.scanFile(path);
     if (description == DescriptionScan::kCancel) return;
-    const std::string shot = run_.GameDir + "baseq3\\levelshots\\" + name + ".jpg";
+    const std::string shot = run_.GameDir + "baseq3\\" + levelShot("\\", name);
     log_.logEvent("->looking for corresponding levelshot (" + shot + ")");
     try {
-        files_.copyFile(shot, run_.AppDir + "levelshots\\" + name + ".jpg");
+        files_.copyFile(shot, run_.AppDir + levelShot("\\", name));
         log_.logEvent("->levelshot copied OK");
     } catch (const RuntimeFailure&) {
         log_.logEvent("->could not find levelshot (" + shot + ")");
@@ -97,7 +101,7 @@ void MapCommands::addEntry(Archive& archive, const std::string& path, const PakM
     if (const EntryFault fault = archive.read(map.entry, kMostMapBytes, DescriptionSearch::kChunk, take))
         return leftOut_.add(path, map.entry, *fault);
     log_.logEvent("Looking inside pak for levelshot");
-    const std::string shot = "levelshots/" + lower(map.name) + ".jpg";
+    const std::string shot = levelShot("/", lower(map.name));
     if (archive.extract(shot, kMostPictureBytes, run_.AppDir, {}))
         log_.logEvent("-> error extracting file. Zip error:" + shot);
     else

@@ -11,11 +11,14 @@ namespace gatehouse {
 namespace {
 
 constexpr std::string_view kMapsFolder = "maps";
-constexpr std::string_view kLevelShotsFolder = "levelshots";
+
+/// Lengths of "maps/" and ".bsp".
+constexpr long kBeforeName = 5;
+constexpr long kBehindName = 4;
 
 /// The upper-cased name that an entry `maps/NAME.bsp` has in the catalog: cut by these lengths, wherever the entry
 /// really stands. Fails for a shorter one.
-std::string nameOfEntry(const std::string& entry) { return upper(cut(entry, 5, 4)); }
+std::string nameOfEntry(const std::string& entry) { return upper(cut(entry, kBeforeName, kBehindName)); }
 
 }  // namespace
 
@@ -47,7 +50,7 @@ bool MapScan::scan() {
 
 void MapScan::takeMaps(const Opened& opened, LineAppender& usermaps) {
     const auto unknown = [this](const std::string& entry) {
-        return entry.size() < 9 || !known_.contains(nameOfEntry(entry));
+        return entry.size() < kBeforeName + kBehindName || !known_.contains(nameOfEntry(entry));
     };
     forEachEntry(opened, "Looking for maps in ", {kMapsFolder, "bsp", unknown}, [&](const std::string& entry) {
         if (isGameArchive(opened.file)) return;
@@ -72,8 +75,7 @@ void MapScan::takeMap(const Opened& opened, const std::string& entry, LineAppend
     if (const EntryFault fault = opened.archive.read(entry, kMostMapBytes, DescriptionSearch::kChunk, take))
         return leftOut_.add(opened.file.path, entry, *fault);
     // An answer of No is written as the description, unlike that for a loose map.
-    const std::string description =
-        descriptions.conclude(run_.AppDir + entry, search.value_or(DescriptionSearch(0)));
+    const std::string description = descriptions.conclude(run_.AppDir + entry, search.value_or(DescriptionSearch(0)));
     write(usermaps, name, description);
 }
 
@@ -110,7 +112,7 @@ void MapScan::takeLooseMaps(LineAppender& usermaps) {
 
 void MapScan::takeLooseMap(const FolderEntry& file, LineAppender& usermaps) {
     view.entry.set(lower(file.name));
-    const std::string name = upper(cut(file.name, 0, 4));
+    const std::string name = upper(cut(file.name, 0, kBehindName));
     if (known_.contains(name)) return;
     const std::string description = descriptions.scanFile(file.path);
     if (description != DescriptionScan::kCancel) write(usermaps, name, description);
@@ -119,8 +121,7 @@ void MapScan::takeLooseMap(const FolderEntry& file, LineAppender& usermaps) {
 
 void MapScan::copyLevelShot(const std::string& name, const std::string& file) {
     const std::string shot = std::string(kLevelShotsFolder) + "\\" + lower(name) + ".jpg";
-    if (!files_.fileExists(gameFile(shot)))
-        return log_.logEvent("No map preview available for " + lower(file));
+    if (!files_.fileExists(gameFile(shot))) return log_.logEvent("No map preview available for " + lower(file));
     files_.copyFile(gameFile(shot), run_.AppDir + shot);
     newPreviews_ = addInt16(newPreviews_, 1);
 }

@@ -12,8 +12,8 @@
 namespace gatehouse {
 
 /// The scan `q3getmaps`: adds the maps that the catalog doesn't know to `usermaps.txt`, and their level shots to the
-/// program folder, from the archives in `baseq3` and from `baseq3\maps`. The tree stays as it is: who wants to see what was
-/// found loads it anew.
+/// program folder, from the archives in `baseq3` and from `baseq3\maps`. The tree stays as it is: who wants to see what
+/// was found loads it anew.
 class MapScan : public ArchiveScan {
 public:
     MapScan(const Ground& ground, Archives& archives, const MapCatalog& maps, Observable<std::string>& q3status);

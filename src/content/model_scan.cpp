@@ -29,8 +29,7 @@ std::string skinOf(const std::string& entry) {
     const std::string file = bareName(entry);
     const auto start = file.rfind('_');
     const auto end = file.rfind('.');
-    if (start == std::string::npos || end == std::string::npos || end < start)
-        throw RuntimeFailure("it names no skin");
+    if (start == std::string::npos || end == std::string::npos || end < start) throw RuntimeFailure("it names no skin");
     return file.substr(start + 1, end - start - 1);
 }
 

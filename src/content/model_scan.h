@@ -11,8 +11,8 @@
 
 namespace gatehouse {
 
-/// The scan `q3getmdl`: adds the skins that are new to `usermdls.txt`, and icons as BMP files to the program folder, from the
-/// archives in `baseq3` but the game's own. The tree stays as it is.
+/// The scan `q3getmdl`: adds the skins that are new to `usermdls.txt`, and icons as BMP files to the program folder,
+/// from the archives in `baseq3` but the game's own. The tree stays as it is.
 class ModelScan : public ArchiveScan {
 public:
     ModelScan(const Ground& ground, Archives& archives, Pictures& pictures, const ModelCatalog& models);

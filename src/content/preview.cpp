@@ -25,7 +25,7 @@ void Preview::showMap() {
     if (!isMap(node)) return hide();
     const long blank = find(node.text, " ");
     const std::string name = blank == 0 ? node.text : left(node.text, blank - 1);
-    show("levelshots\\" + name + ".jpg", "Map: " + name, node.text, mapSizes());
+    show(std::string(kLevelShotsFolder) + "\\" + name + ".jpg", "Map: " + name, node.text, mapSizes());
 }
 
 void Preview::showSkin() {

@@ -25,8 +25,8 @@ struct PreviewSizes {
     friend bool operator==(const PreviewSizes&, const PreviewSizes&) = default;
 };
 
-/// The floating window `q3levelshot`: the level shot of the selected map, or the icon of the selected skin. It never takes
-/// the input focus.
+/// The floating window `q3levelshot`: the level shot of the selected map, or the icon of the selected skin. It never
+/// takes the input focus.
 class Preview {
 public:
     Preview(const Ground& ground, Pictures& pictures, const MapTree& maptree, const ModelCatalog& models)

@@ -42,7 +42,7 @@ void ModDiscovery::scanForMods() {
     for (const FolderEntry& folder : files_.listFolder(run_.GameDir).folders) scanGameFolder(folder);
     run_.hourglass.set(false);
     events_.yield();
-    if (q3getmods.stopped()) log_.logEvent("scan stopped by user");
+    if (q3getmods.stopped()) log_.logEvent(kScanStopped);
     log_.logEvent("found " + std::to_string(mods_.modCount()) + " mods.");
 }
 

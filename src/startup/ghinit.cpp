@@ -217,8 +217,8 @@ void Gatehouse::scanUnlessListed(const std::string& list, ArchiveScan& scan, con
     if (services_.files.fileExists(list)) return;
     services_.dialogs.show({.title = texts.title,
                             .text = "Gatehouse will now extract the " + texts.what +
-                                    "\r\nfrom any non-standard PAK files in your BASEQ3 folder or the\r\n" + texts.folder +
-                                    " folder. This may take a minute or two.",
+                                    "\r\nfrom any non-standard PAK files in your BASEQ3 folder or the\r\n" +
+                                    texts.folder + " folder. This may take a minute or two.",
                             .icon = Icon::Information});
     scan.run();
 }

@@ -13,7 +13,9 @@ namespace gatehouse {
 namespace {
 
 /// Versions are text of one form, NN.NN.NN, and compare as that. What has another form is no earlier version.
-bool isOlder(std::string_view version, std::string_view than) { return version.size() == than.size() && version < than; }
+bool isOlder(std::string_view version, std::string_view than) {
+    return version.size() == than.size() && version < than;
+}
 
 }  // namespace
 
@@ -41,20 +43,20 @@ std::string VersionUpdate::storeFolders() {
 }
 
 std::string VersionUpdate::offerScan() {
-    const std::string levelShots = run_.AppDir + "levelshots";
+    const std::string levelShots = run_.AppDir + std::string(kLevelShotsFolder);
     try {
         if (!files_.folderExists(levelShots)) files_.createFolder(levelShots);
     } catch (const RuntimeFailure& failure) {
         log_.logEvent(failure.what(), true);  // no picture is worth the user's options
     }
-    const Answer answer = dialogs_.show(
-        {.title = "Gatehouse Upgrade",
-         .text = "This version of Gatehouse has the ability to scan\r\n"
-                 "all your pk3 and map files, extracting new maps, models,\r\n"
-                 "and preview pictures. You need to do this if you want\r\n"
-                 "to see level or model preview pictures.\r\n\r\nDo you want to do this now?",
-         .buttons = Buttons::YesNo,
-         .icon = Icon::Question});
+    const Answer answer =
+        dialogs_.show({.title = "Gatehouse Upgrade",
+                       .text = "This version of Gatehouse has the ability to scan\r\n"
+                               "all your pk3 and map files, extracting new maps, models,\r\n"
+                               "and preview pictures. You need to do this if you want\r\n"
+                               "to see level or model preview pictures.\r\n\r\nDo you want to do this now?",
+                       .buttons = Buttons::YesNo,
+                       .icon = Icon::Question});
     std::string told;
     std::string summary = "  - Did not get new maps/models\r\n";
     if (answer != Answer::Yes) {

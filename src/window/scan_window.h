@@ -18,8 +18,8 @@ class ScanWindow : public QDialog {
     Q_OBJECT
 
 public:
-    /// Comes up once the scan has gone on for so many milliseconds: one that is over sooner is not worth a flash. The view
-    /// must outlive the window.
+    /// Comes up once the scan has gone on for so many milliseconds: one that is over sooner is not worth a flash. The
+    /// view must outlive the window.
     ScanWindow(ScanView& view, int delay);
 
     /// Escape and the title bar's close button. The window goes when the scan does.

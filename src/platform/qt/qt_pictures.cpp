@@ -68,7 +68,8 @@ bool holdsPoints(std::string_view bytes, const QSize& size) {
 int scansIn(std::string_view bytes) {
     constexpr std::string_view kStartOfScan = "\xFF\xDA";
     int count = 0;
-    for (auto at = bytes.find(kStartOfScan); at != std::string_view::npos; at = bytes.find(kStartOfScan, at + 1)) ++count;
+    for (auto at = bytes.find(kStartOfScan); at != std::string_view::npos; at = bytes.find(kStartOfScan, at + 1))
+        ++count;
     return count;
 }
 

@@ -31,8 +31,8 @@ PakMapsDialog::PakMapsDialog(PakMapsForm& form, QWidget* parent)
 }
 
 void PakMapsDialog::addList(QBoxLayout& column) {
-    list_ = new TableView(
-        new TableModel(form_.paklist, TableLook<PakMap>{.columns = {{"Map", [](const PakMap& map) { return map.name; }}}}));
+    list_ = new TableView(new TableModel(
+        form_.paklist, TableLook<PakMap>{.columns = {{"Map", [](const PakMap& map) { return map.name; }}}}));
     list_->setObjectName("paklist");
     list_->setAccessibleName(tr("Maps in the archive"));
     list_->setRootIsDecorated(false);

@@ -18,7 +18,12 @@ namespace gatehouse {
 class RotationRules {
 public:
     RotationRules(const Ground& ground, Rotation& maplist, MapCatalog& maps)
-        : maplist_(maplist), maps_(maps), maptree_(maps.maptree), flags_(ground.flags), run_(ground.run), log_(ground.log) {}
+        : maplist_(maplist),
+          maps_(maps),
+          maptree_(maps.maptree),
+          flags_(ground.flags),
+          run_(ground.run),
+          log_(ground.log) {}
 
     /// The pane that had the input focus last, "TREE" or "LIST"; empty at first.
     std::string focusPane;

@@ -123,8 +123,8 @@ QToolBar* makeCatalogTools(TableView& tree, ContentRoom& content) {
                  {"mtool3_4", "delete", QObject::tr("Delete"), QObject::tr("Take a user map off this list"),
                   QKeySequence(Qt::Key_Delete), nullptr, [&commands] { commands.deleteMap(); }});
     Preview& preview = content.preview;
-    QAction* zoom = addTableCommand(tree, {"zoom", "zoom", QObject::tr("Zoom Picture"), {}, QKeySequence(Qt::CTRL | Qt::Key_Plus),
-                                           &preview.q3levelshot, [&preview] { preview.zoom_Click(); }});
+    QAction* zoom = addTableCommand(tree, {"zoom", "zoom", QObject::tr("Zoom Picture"), {}, {}, &preview.q3levelshot,
+                                           [&preview] { preview.zoom_Click(); }});
     // On many keyboards the plus sign needs the shift key.
     zoom->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
     addHidePicture(tree, preview.q3levelshot, [&preview] { preview.hide(); });

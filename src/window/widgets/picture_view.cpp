@@ -26,8 +26,9 @@ PictureView::PictureView(Observable<std::shared_ptr<const Picture>>& picture, QW
 
 const QPixmap& PictureView::scaled() {
     const Picture& picture = *picture_.get();
-    const QSize wanted =
-        QSize(picture.width, picture.height).scaled(size() * devicePixelRatioF(), Qt::KeepAspectRatio).expandedTo({1, 1});
+    const QSize wanted = QSize(picture.width, picture.height)
+                             .scaled(size() * devicePixelRatioF(), Qt::KeepAspectRatio)
+                             .expandedTo({1, 1});
     if (scaled_.size() != wanted) {
         scaled_ = QPixmap::fromImage(imageOf(picture).scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
         scaled_.setDevicePixelRatio(devicePixelRatioF());

@@ -35,7 +35,12 @@ QAction* addTableCommand(TableView& view, const TableTool& tool) {
 }
 
 void addHidePicture(TableView& view, Observable<bool>& shown, std::function<void()> hide) {
-    addTableCommand(view, {"hidePicture", "remove", QObject::tr("Hide Picture"), {}, QKeySequence(Qt::Key_Escape), &shown,
+    addTableCommand(view, {"hidePicture",
+                           "remove",
+                           QObject::tr("Hide Picture"),
+                           {},
+                           QKeySequence(Qt::Key_Escape),
+                           &shown,
                            std::move(hide)});
 }
 
