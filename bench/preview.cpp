@@ -89,7 +89,7 @@ void timePreview() {
     world.settings.values["basedir"] = gameFolder;
     world.settings.values["ghcdir"] = programFolder + "\\";
     const Services services{files,           world.settings, world.events,    world.clock,    world.dialogs,
-                            world.clipboard, world.windows,  world.processes, world.archives, pictures,
+                            world.clipboard, world.windows,  world.processes, world.machine, world.archives, pictures,
                             world.socket,    world.viewers,  world.random};
     Gatehouse program(services, programFolder);
     program.StartupDriver();

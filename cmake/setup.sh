@@ -1,7 +1,7 @@
 # What ./run and ./test share, to be sourced: the packages, their installation, and the build.
 # shellcheck shell=bash disable=SC2034
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libzip-dev libxcb1-dev fonts-dejavu-core)
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libzip-dev libxcb1-dev nlohmann-json3-dev fonts-dejavu-core)
 test_packages=(googletest libgtest-dev xvfb xauth openbox xdotool imagemagick unzip procps dbus at-spi2-core python3 python3-pyatspi)
 real_packages=(openarena-server openarena-data qstat)
 fuzz_packages=(clang libclang-rt-dev llvm)

@@ -7,6 +7,7 @@
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_files.h"
+#include "platform/qt/qt_machine.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_processes.h"
 #include "platform/qt/qt_settings_store.h"
@@ -81,6 +82,7 @@ int main(int argc, char** argv) {
     QtDialogs dialogs(interactive, &events);
     QtClipboard clipboard;
     QtProcesses processes(argc, argv);
+    QtMachine machine;
     X11Windows windows([&processes] { return processes.startedGames(); });
     ZipArchives archives;
     QtPictures pictures;
@@ -88,7 +90,7 @@ int main(int argc, char** argv) {
     QtViewers viewers(interactive);
     Random random;
     const Services services{files,     settings, events,   clock,  dialogs, clipboard, windows,
-                            processes, archives, pictures, socket, viewers, random};
+                            processes, machine,  archives, pictures, socket, viewers, random};
 
     Gatehouse program(services, programFolder);
     // Nobody looks at a splash that is drawn into memory.

@@ -24,6 +24,9 @@ private:
 /// Which commands can run now: one flag each, read by menu entry, tool button and test alike.
 struct CommandFlags {
     Observable<bool> mfilerun;   ///< the menu entry and button 5 of the main tool bar
+    /// What a run of the benchmark holds up: opening a document, a reset, the choice of mode and tab, the whole main
+    /// tool bar, and the window of results.
+    Observable<bool> mfileopen, mtoolsreset, sbar, q3bar1, mtoolsresults;
     ToolButtons<3> btbar;        ///< play, pause, stop
     ToolButtons<5> tbservers;    ///< add, delete, query, players, mod options
     ToolButtons<2> mtool1;       ///< move up, move down
@@ -44,7 +47,13 @@ struct CommandFlags {
         mtool1.setAll(false);
         mtool2.setAll(false);
         mtool2[2].set(true);
-        for (Observable<bool>* flag : {&q3botlist, &q3botadd, &q3botdel, &namedBotsShown}) flag->set(true);
+        for (Observable<bool>* flag : {&q3botlist, &q3botadd, &q3botdel, &namedBotsShown, &mtoolsresults}) flag->set(true);
+        setMovable(true);
+    }
+
+    /// Enables or disables what would take another document or another mode.
+    void setMovable(bool enabled) {
+        for (Observable<bool>* flag : {&mfileopen, &mtoolsreset, &sbar, &q3bar1}) flag->set(enabled);
     }
 
     /// Enables or disables every command that starts the game.

@@ -95,6 +95,18 @@ std::int16_t wholeInt16(double value) { return checkedWhole<std::int16_t>(value)
 std::int16_t valInt16(std::string_view text) { return wholeInt16(val(text)); }
 std::int16_t strictInt16(std::string_view text) { return strictInt<std::int16_t>(text); }
 std::int32_t strictInt32(std::string_view text) { return strictInt<std::int32_t>(text); }
+std::optional<double> parseDecimal(std::string_view text) {
+    const auto value = parseWhole(text);
+    const bool held = value && std::fabs(*value) < std::numeric_limits<double>::max();
+    return held ? value : std::nullopt;
+}
+
+double strictDouble(std::string_view text) {
+    const auto value = parseDecimal(text);
+    if (!value) throw RuntimeFailure("Type mismatch: " + quoted(text) + " is not a number");
+    return *value;
+}
+
 bool isNumeric(std::string_view text) { return parseWhole(text).has_value(); }
 
 bool strictBoolean(std::string_view text) {
@@ -114,6 +126,14 @@ std::string shortestDecimal(double value) {
     std::array<char, 64> buffer{};
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
     return std::string(buffer.data(), result.ptr);
+}
+
+std::string decimalText(double value) {
+    constexpr int kDigits = 15;
+    std::array<char, 64> buffer{};
+    const auto result =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, kDigits);
+    return upper(std::string_view(buffer.data(), result.ptr));
 }
 
 std::string signedDecimal(double value) {

@@ -31,6 +31,10 @@ struct RunState {
     Observable<std::int16_t> CurrentMode{kConnect};
     std::int16_t zoomLevel = 1;  ///< of the map preview, 1 to 3
     Observable<bool> hourglass{false};  ///< the pointer over the main window says that there is work going on
+    /// A run of the benchmark is on: what it loads leaves mode, tab and commands alone.
+    Observable<bool> benchmarking{false};
+    /// The document in use came in by a benchmark; the option `lastcfg` still names the one before.
+    bool configFromBenchmark = false;
     std::string LaunchCommand;
     /// Title of the main window: the document's path, in lower case, once one is loaded.
     Observable<std::string> title{std::string("Gatehouse: ")};
@@ -40,6 +44,7 @@ struct RunState {
         CurrentMode.set(kConnect);
         title.set("Gatehouse: ");
         ConfigChanged = false;
+        configFromBenchmark = false;
     }
 };
 

@@ -1,24 +1,46 @@
 #pragma once
 
-#include "base/command_flags.h"
 #include "base/room.h"
-#include "base/runtime_failure.h"
-#include "platform/ground.h"
+#include "benchmark/apistuff.h"
+#include "benchmark/benchmark_run.h"
+#include "benchmark/benchmark_setup.h"
+#include "benchmark/results_form.h"
+#include "platform/services.h"
+#include "startup/options.h"
 
 namespace gatehouse {
 
-/// Timed runs of the game over documents and demos.
+/// Timed runs of the game over documents and demos, and what came of them.
 class BenchmarkRoom : public Room {
 public:
-    explicit BenchmarkRoom(const Ground& ground) : flags_(ground.flags) {}
+    /// What a run is made from.
+    struct Sources {
+        OptionsForm& options;
+        ConfigDocuments& documents;
+        GameConfig& gameConfig;
+        Observable<std::string>& q3status;
+    };
 
-    /// There is nothing to run until documents and demos are chosen.
-    void LoadBenchmarkLists() { flags_.SetRunEnabled(false); }
-    /// Fails: this version runs none.
-    [[noreturn]] void run() { throw RuntimeFailure("Benchmarks can't be run by this version"); }
+    BenchmarkRoom(const Ground& ground, const Services& services, const Sources& from)
+        : windows(services.windows, services.events, services.clock, ground.log),
+          setup(ground, from.options.ghcdir, from.options.democount),
+          run({ground, services, from.options.ghcdir, from.options.extracmdline, from.options.democount,
+               from.options.q3bwait, from.options.q3staleaction, setup, from.documents, from.gameConfig, windows,
+               from.q3status}),
+          results(ground, services) {
+        has(run.stale.waitwindow);
+        has(results.q3results);
+        restores(setup, run, results);
+        follow_.on(run.resultsWanted, [this] { results.mtoolsresults_Click(); });
+    }
+
+    WindowSearch windows;
+    BenchmarkSetup setup;
+    BenchmarkRun run;
+    ResultsForm results;
 
 private:
-    CommandFlags& flags_;
+    Connections follow_;
 };
 
 }  // namespace gatehouse

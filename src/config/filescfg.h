@@ -56,6 +56,9 @@ public:
     /// can't be taken; what stands before it stays applied.
     bool loadConfig(const std::string& path);
 
+    /// After a load that has failed: that document, which is the one before, comes back as far as it can be read.
+    void recover(const std::string& path);
+
     /// A document has been applied to its end.
     Signal<> loaded;
 

@@ -21,6 +21,7 @@ std::string ConfigDocuments::defaultPath() const { return trim(parts_.ghcdir.tex
 
 void ConfigDocuments::chooseDocument(const std::string& path) {
     parts_.run.CurrentConfigPath = path;
+    parts_.run.configFromBenchmark = false;
     parts_.options.setOption("lastcfg", path);
 }
 
@@ -72,8 +73,9 @@ void ConfigDocuments::openDocument(const std::string& path) {
 void ConfigDocuments::mfilesave_Click() {
     RunState& run = parts_.run;
     for (;;) {
-        // The dialog starts from the last stored file, not from the one in use.
-        run.CurrentConfigPath = parts_.options.getOption("lastcfg", defaultPath());
+        // The dialog starts from the last stored file, not from the one in use; but what a benchmark has loaded must
+        // not go over that one.
+        if (!run.configFromBenchmark) run.CurrentConfigPath = parts_.options.getOption("lastcfg", defaultPath());
         if (trim(run.CurrentConfigPath).empty()) run.CurrentConfigPath = defaultPath();
         const auto chosen = parts_.dialogs.saveFile({.title = "Save Config",
                                                      .filter = std::string(kDocumentFilter),

@@ -82,6 +82,16 @@ bool ConfigDocuments::loadConfig(const std::string& path) {
     return true;
 }
 
+void ConfigDocuments::recover(const std::string& path) {
+    try {
+        loadConfig(path);
+    } catch (const RuntimeFailure& failure) {
+        parts_.log.logEvent(failure.what(), true);
+    }
+    loading_ = false;
+    parts_.run.ConfigChanged = false;
+}
+
 void ConfigDocuments::applyLine(const std::string& line) {
     if (isSkipped(line)) return;
     const long firstBlank = find(line, " ");
@@ -140,6 +150,7 @@ void ConfigDocuments::parseBase(std::string key, const std::string& value) {
     if (key != "CFGTYPE") return;
     const std::int16_t mode = addInt16(valInt16(value), 1);
     if (mode < kConnect || mode > kBenchmark) throw RuntimeFailure("There is no mode " + std::to_string(mode));
+    if (parts_.run.benchmarking.get()) return;
     parts_.run.CurrentMode.set(mode);
     const bool canRun = parts_.host.hasServers() || mode != kConnect;
     parts_.flags.SetRunEnabled(canRun);

@@ -8,7 +8,8 @@ namespace gatehouse {
 
 struct DesktopWindow {
     std::uint64_t id = 0;
-    std::string title;  ///< at most 256 characters
+    std::string title;         ///< at most 256 characters
+    bool startedGame = false;  ///< of a game that we started
 };
 
 /// The top-level windows of other programs, the one in front first.

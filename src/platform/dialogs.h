@@ -8,7 +8,7 @@ namespace gatehouse {
 
 enum class Buttons { Ok, YesNo, YesNoCancel };
 enum class Icon { None, Information, Question, Stop };
-enum class Answer { Ok, Yes, No, Cancel };
+enum class Answer { Ok, Yes, No, Cancel, Other };
 
 /// A modal box. Lines of the text are parted by CR LF; the text is plain text.
 struct MessageBox {
@@ -22,6 +22,8 @@ struct MessageBox {
     bool noLoses = false;
     /// What the text is about, in a line of its own below it, where the text itself doesn't say.
     std::string about = {};
+    /// Caption of a further button, answered with `Other`.
+    std::string other = {};
 };
 
 /// A file dialog. The filter has the form "Caption (*.a)|*.a|Other (*.b, *.c)|*.b;*.c".

@@ -63,6 +63,8 @@ public:
     virtual bool folderExists(const std::string& path) const = 0;
     /// Size in bytes. Fails if there is no such file.
     virtual std::uint64_t fileSize(const std::string& path) const = 0;
+    /// Milliseconds since the file was last written. Fails if there is no such file.
+    virtual double fileAge(const std::string& path) const = 0;
 
     /// Each of these fails with `FileFailure`.
     virtual std::unique_ptr<TextReader> openText(const std::string& path) = 0;

@@ -23,6 +23,9 @@ public:
     virtual Picture open(const std::string& path) = 0;
     /// The bytes of a BMP file that shows the picture, without its transparency.
     virtual std::string bmp(Picture picture) = 0;
+    /// The bytes of a PNG file of an SVG drawing on white, of that width in points. Fails for what is no drawing, and
+    /// for one that would be too large.
+    virtual std::string png(const std::string& svg, int width) = 0;
 };
 
 }  // namespace gatehouse

@@ -24,6 +24,8 @@ public:
     /// Starts a program line in a folder, in a normal window, and does not wait. The line is split at blanks; double
     /// quotes group and are dropped. Fails like `startBatch`.
     virtual void start(const std::string& programLine, const std::string& folder) = 0;
+    /// Whether a game that was started here still runs.
+    virtual bool gameRuns() const = 0;
 };
 
 }  // namespace gatehouse

@@ -9,6 +9,7 @@ class DesktopWindows;
 class Dialogs;
 class EventLoop;
 class Files;
+class Machine;
 class Pictures;
 class Processes;
 class Random;
@@ -26,6 +27,7 @@ struct Services {
     Clipboard& clipboard;
     DesktopWindows& windows;
     Processes& processes;
+    Machine& machine;
     Archives& archives;
     Pictures& pictures;
     UdpSocket& socket;

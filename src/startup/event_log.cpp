@@ -34,6 +34,10 @@ void EventLog::logEvent(std::string_view message, bool serious) {
     logMessage(copy, serious);
 }
 
+void EventLog::toFile(std::string_view line) {
+    if (run_.LogOpen) keep(std::string(line));
+}
+
 void EventLog::logMessage(std::string& message, bool serious) {
     std::string console = q3_.q3console.get();
     if (val(options_.q3buffsize.text()) < static_cast<double>(console.size())) console.clear();

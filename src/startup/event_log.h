@@ -23,6 +23,7 @@ public:
              MainView& q3);
 
     void logEvent(std::string_view message, bool serious = false) override;
+    void toFile(std::string_view line) override;
     /// With the console on, the message comes back as it was shown: with elapsed seconds, in lower case.
     void logMessage(std::string& message, bool serious);
 

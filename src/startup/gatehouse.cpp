@@ -4,7 +4,7 @@
 #include "base/text.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
-#include "platform/files.h"
+#include "platform/file_tools.h"
 
 #include <algorithm>
 #include <array>
@@ -17,9 +17,9 @@ namespace gatehouse {
 namespace {
 
 /// The order in which forms are unloaded, by their names; one that isn't named goes last.
-constexpr std::array<std::string_view, 11> kUnloadOrder = {
+constexpr std::array<std::string_view, 12> kUnloadOrder = {
     "q3newbot", "q3newip", "q3about", "q3keyboard", "q3pakmaps", "q3resetprompt",
-    "q3options", "q3players", "q3getmaps", "q3getmdl", "q3getmods"};
+    "q3options", "q3players", "waitwindow", "q3getmaps", "q3getmdl", "q3getmods"};
 
 auto unloadPlace(const Form* form) { return std::find(kUnloadOrder.begin(), kUnloadOrder.end(), form->name); }
 
@@ -36,7 +36,8 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
       launch(startup.ground, services,
              {config.doc, mods.table, *this, mods.aliases, servers.iplist, startup.options.q3runoptions,
               startup.options.extracmdline}),
-      benchmark(startup.ground),
+      benchmark(startup.ground, services,
+                {startup.options, config.documents, launch.gameConfig, startup.q3.q3status}),
       rules(startup, services, config, mods, content, servers),
       rescue(startup.ground, services.clock, rescueKinds()),
       update_(startup.ground, content) {
@@ -58,8 +59,9 @@ void Gatehouse::tieRooms() {
                                        mods.table.setValues(values);
                                        run.ConfigChanged = true;
                                    }});
-    follow_.on(launch.command.benchmarkWanted, [this] { benchmark.run(); });
-    follow_.on(rules.modes.benchmarkEntered, [this] { benchmark.LoadBenchmarkLists(); });
+    follow_.on(launch.command.benchmarkWanted, [this] { benchmark.run.run(); });
+    follow_.on(rules.modes.benchmarkEntered, [this] { benchmark.setup.LoadBenchmarkLists(); });
+    follow_.on(benchmark.run.tabWanted, [this] { rules.modes.showBenchmarkTab(); });
     follow_.on(rules.optionsRules.closeWanted, [this] { closeAllWindows(); });
     for (Form* form : forms())
         follow_.on(form->changed, [this, form] {

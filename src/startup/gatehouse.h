@@ -49,6 +49,7 @@ public:
     void mtoolsconsole_Click();
     void mtoolsreset_Click() { rules.tabReset.mtoolsreset_Click(); }
     void mtoolsoptions_Click() { rules.optionsRules.mtoolsoptions_Click(); }
+    void mtoolsresults_Click() { benchmark.results.mtoolsresults_Click(); }
     void mhelpabout_Click() { rules.mhelpabout_Click(); }
 
     /// All forms that come up over the main window.

@@ -6,7 +6,6 @@
 #include "config/bindings.h"
 #include "config/default_document.h"
 #include "platform/clock.h"
-#include "platform/desktop_windows.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
@@ -63,15 +62,14 @@ void Gatehouse::checkRunningCopy() {
     log.logEvent(dateTimeText(services_.clock.now()));
     log.logEvent("");
     log.logEvent("Checking if Gatehouse already running...");
-    for (const DesktopWindow& window : services_.windows.list()) {
-        if (find(upper(window.title), "GATEHOUSE:") == 0) continue;
-        services_.dialogs.show(
-            {.title = "Sorry...",
-             .text = "You are already running Gatehouse. You can't run two copies at once.\r\nClick OK to exit.",
-             .icon = Icon::Stop});
-        closeAllWindows();
-        return;  // The sequence goes on all the same.
-    }
+    std::string title = "gatehouse:";
+    if (benchmark.windows.FindWindowLike(title) == 0) return;
+    services_.dialogs.show(
+        {.title = "Sorry...",
+         .text = "You are already running Gatehouse. You can't run two copies at once.\r\nClick OK to exit.",
+         .icon = Icon::Stop});
+    closeAllWindows();
+    // The sequence goes on all the same.
 }
 
 void Gatehouse::setProgramPaths() {

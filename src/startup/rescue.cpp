@@ -5,7 +5,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "platform/dialogs.h"
-#include "platform/files.h"
+#include "platform/file_tools.h"
 
 #include <algorithm>
 #include <utility>
@@ -35,22 +35,7 @@ std::string listed(const std::vector<std::string>& names) {
     return text;
 }
 
-void writeText(Files& files, const std::string& path, const std::string& text) {
-    const auto file = files.replaceText(path);
-    file->write(text);
-    file->close();
-}
-
 }  // namespace
-
-std::string freePath(const Files& files, const std::string& folder, std::string_view stem, std::string_view ending) {
-    for (long number = 1;; ++number) {
-        std::string path = folder + std::string(stem);
-        if (number > 1) path += "-" + std::to_string(number);
-        path += ending;
-        if (!files.fileExists(path) && !files.folderExists(path)) return path;
-    }
-}
 
 Rescue::Rescue(const Ground& ground, const Clock& clock, std::vector<RescueKind> kinds)
     : ground_(ground), clock_(clock), kinds_(std::move(kinds)), own_(kinds_.size()) {}
@@ -72,7 +57,7 @@ Kept Rescue::keep(const std::string& reason) {
             if (!text) return;
             const std::string path =
                 own_[i].empty() ? freePath(ground_.files, ground_.run.AppDir, kinds_[i].stem, kinds_[i].ending) : own_[i];
-            writeText(ground_.files, path, *text);
+            replaceFile(ground_.files, path, *text);
             own_[i] = path;
             entry.paths.push_back(path);
         });
@@ -190,7 +175,7 @@ void Rescue::writeRecord(const std::vector<Entry>& entries) {
         text.append(kTime).append(entry.time).append(kCrLf).append(kReason).append(entry.reason).append(kCrLf);
         for (const std::string& path : entry.paths) text.append(kFile).append(bareName(path)).append(kCrLf);
     }
-    writeText(ground_.files, recordPath(), text);
+    replaceFile(ground_.files, recordPath(), text);
 }
 
 }  // namespace gatehouse

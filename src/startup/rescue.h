@@ -67,7 +67,4 @@ private:
     std::optional<std::vector<Entry>> earlier_;  ///< the record without this run, once this run has kept something
 };
 
-/// The first path of that folder, stem and ending, with "-2", "-3" ... between them, at which there is nothing.
-std::string freePath(const Files& files, const std::string& folder, std::string_view stem, std::string_view ending);
-
 }  // namespace gatehouse

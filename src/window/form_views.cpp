@@ -10,6 +10,8 @@
 #include "window/dialogs/pak_maps_dialog.h"
 #include "window/dialogs/players_dialog.h"
 #include "window/dialogs/reset_prompt.h"
+#include "window/dialogs/results_dialog.h"
+#include "window/dialogs/stale_dialog.h"
 
 namespace gatehouse {
 
@@ -45,6 +47,14 @@ constexpr FormView kFormViews[] = {
     {"q3players",
      [](Gatehouse& program, QWidget* parent) -> QDialog* {
          return new PlayersDialog(program.servers.playersForm, parent);
+     }},
+    {"waitwindow",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* {
+         return new StaleDialog(program.benchmark.run.stale, parent);
+     }},
+    {"q3results",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* {
+         return new ResultsDialog(program.benchmark.results, parent);
      }},
     {"q3mod",
      [](Gatehouse& program, QWidget* parent) -> QDialog* { return new ModDialog(program.rules.modOptions, parent); }},

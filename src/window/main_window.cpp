@@ -4,6 +4,7 @@
 #include "startup/gatehouse.h"
 #include "window/form_views.h"
 #include "window/preview_window.h"
+#include "window/tabs/benchmark_tab.h"
 #include "window/tabs/settings_tabs.h"
 #include "window/tabs/table_tabs.h"
 #include "window/widgets/binders.h"
@@ -63,6 +64,7 @@ QWidget* makeTabContent(Frame frame, Gatehouse& program) {
         case kVideoFrame: return makeSettingsTab(doc.video);
         case kTweak1Frame: return makeSettingsTab(doc.tweak1);
         case kTweak2Frame: return makeSettingsTab(doc.tweak2);
+        case kBenchmarkFrame: return makeBenchmarkTab(program);
         default: return nullptr;
     }
 }
@@ -90,7 +92,7 @@ void MainWindow::makeActions() {
     mfileopen_ = makeAction("mfileopen", tr("&Open..."), {QKeySequence(Qt::CTRL | Qt::Key_O)});
     mfileopen_->setIcon(icon("open"));
     mfileopen_->setToolTip(tr("Open a settings document (Ctrl+O)"));
-    bindCommand(*mfileopen_, [this] { program_.mfileopen_Click(); });
+    bindCommand(*mfileopen_, program_.flags.mfileopen, [this] { program_.mfileopen_Click(); });
 
     mfilesave_ = makeAction("mfilesave", tr("&Save..."), {QKeySequence(Qt::CTRL | Qt::Key_S)});
     mfilesave_->setIcon(icon("save"));
@@ -124,7 +126,11 @@ void MainWindow::makeActions() {
     mtoolsreset_ = makeAction("mtoolsreset", tr("&Reset Tabs..."), {});
     mtoolsreset_->setIcon(icon("reset"));
     mtoolsreset_->setToolTip(tr("Put the settings of this tab, or of all tabs, back to what they were at first"));
-    bindCommand(*mtoolsreset_, [this] { program_.mtoolsreset_Click(); });
+    bindCommand(*mtoolsreset_, program_.flags.mtoolsreset, [this] { program_.mtoolsreset_Click(); });
+
+    mtoolsresults_ = makeAction("mtoolsresults", tr("&Benchmark Results..."), {});
+    mtoolsresults_->setIcon(icon("results"));
+    bindCommand(*mtoolsresults_, program_.flags.mtoolsresults, [this] { program_.mtoolsresults_Click(); });
 
     mtoolsoptions_ = makeAction("mtoolsoptions", tr("&Options..."), {});
     mtoolsoptions_->setIcon(icon("options"));
@@ -145,7 +151,7 @@ void MainWindow::makeMenus() {
     file->addAction(mfileexit_);
     menuBar()->addMenu(tr("&Edit"))->addActions({meditundo_, meditredo_});
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
-    tools->addAction(mtoolsconsole_);
+    tools->addActions({mtoolsconsole_, mtoolsresults_});
     tools->addSeparator();
     tools->addActions({mtoolsreset_, mtoolsoptions_});
     QMenu* help = menuBar()->addMenu(tr("&Help"));
@@ -170,6 +176,7 @@ void MainWindow::makeToolBar() {
     addButton(mtoolsreset_, "Reset", tr("Reset"));
     addButton(mtoolsoptions_, "Options", tr("Options"));
     addToolBar(bar);
+    follow(bar, program_.flags.q3bar1, [bar](bool enabled) { bar->setEnabled(enabled); });
 }
 
 void MainWindow::makeCentre() {
@@ -189,7 +196,9 @@ void MainWindow::makeCentre() {
 
     auto* upper = new QHBoxLayout;
     upper->setSpacing(2 * kGap);
-    upper->addWidget(new SideBar(program_.rules.modes, program_.run, this));
+    auto* sbar = new SideBar(program_.rules.modes, program_.run, this);
+    follow(sbar, program_.flags.sbar, [sbar](bool enabled) { sbar->setEnabled(enabled); });
+    upper->addWidget(sbar);
     upper->addLayout(tab, 1);
 
     auto* centre = new QWidget(this);
@@ -237,16 +246,23 @@ void MainWindow::makeStatusBar() {
     follow(message, program_.startup.q3.q3status,
            [message](const std::string& text) { message->setText(shown(text)); });
 
-    auto* again = new QLabel(tr("Asking again and again. Esc in the list ends it."), this);
-    again->setObjectName("askingAgain");
-    statusBar()->addPermanentWidget(again);
-    follow(again, program_.servers.query.askingAgain, [again](bool on) { again->setVisible(on); });
+    addStatusNote("askingAgain", tr("Asking again and again. Esc in the list ends it."),
+                  program_.servers.query.askingAgain);
+    addStatusNote("benchmarkStopped", tr("Stopped. Press Play: when a run has ended, all can be used again."),
+                  program_.benchmark.run.stopped);
 
     clock_ = new QLabel(this);
     clock_->setObjectName("q3status2");
     clock_->setTextFormat(Qt::PlainText);
     statusBar()->addPermanentWidget(clock_);
     showClock();
+}
+
+void MainWindow::addStatusNote(const QString& name, const QString& text, Observable<bool>& shownNow) {
+    auto* note = new QLabel(text, this);
+    note->setObjectName(name);
+    statusBar()->addPermanentWidget(note);
+    follow(note, shownNow, [note](bool on) { note->setVisible(on); });
 }
 
 void MainWindow::showClock() {

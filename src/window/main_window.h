@@ -36,6 +36,8 @@ private:
     /// Makes what a tab holds when it is first shown: the window is there sooner.
     void fillFrame(QWidget& frame, Frame which);
     void makeStatusBar();
+    /// A note at the right of the status bar, to be seen while the value holds.
+    void addStatusNote(const QString& name, const QString& text, Observable<bool>& shownNow);
     void followProgram();
     void resizeTo(int widthTwips, int heightTwips);
     void showClock();
@@ -50,6 +52,7 @@ private:
     QAction* meditundo_;
     QAction* meditredo_;
     QAction* mtoolsconsole_;
+    QAction* mtoolsresults_;
     QAction* mtoolsreset_;
     QAction* mtoolsoptions_;
     QAction* mhelpabout_;

@@ -103,11 +103,12 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
     for (const QMenu* menu : window.menuBar()->findChildren<QMenu*>())
         for (const QAction* entry : menu->actions()) entries += entry->objectName();
     EXPECT_EQ(entries.join(' ').simplified(), "mfileopen mfilesave mfilerun mfileexit meditundo meditredo mtoolsconsole "
-                                              "mtoolsreset mtoolsoptions mhelpabout");
+                                              "mtoolsresults mtoolsreset mtoolsoptions mhelpabout");
     world.dialogs.choose(std::nullopt);
     find<QAction>("mfilesave").trigger();
     EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);
     for (const auto& [entry, form] : {std::pair("mtoolsreset", &program.rules.tabReset.q3resetprompt),
+                                      {"mtoolsresults", &program.benchmark.results.q3results},
                                       {"mtoolsoptions", &program.rules.optionsRules.q3options},
                                       {"mhelpabout", &program.rules.q3about}}) {
         find<QAction>(entry).trigger();

@@ -3,10 +3,13 @@
 #include "base/runtime_failure.h"
 #include "platform/qt/descriptor.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QSocketNotifier>
 #include <QStandardPaths>
 
 #include <fcntl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -103,6 +106,20 @@ void ChildPrograms::start(const std::string& program, const std::vector<std::str
         failProgram(error);
     }
     pids_.push_back(pid);
+    reapAtEnd(pid);
+}
+
+void ChildPrograms::reapAtEnd(pid_t pid) {
+    if (!QCoreApplication::instance()) return;  // nothing would wake up
+    const int watched = static_cast<int>(::syscall(SYS_pidfd_open, pid, 0));
+    if (watched < 0) return;
+    auto* end = new QSocketNotifier(watched, QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(end, &QSocketNotifier::activated, end, [end, pid, watched] {
+        end->setEnabled(false);
+        static_cast<void>(hasEnded(pid));
+        ::close(watched);
+        end->deleteLater();
+    });
 }
 
 std::vector<pid_t> ChildPrograms::alive() const {

@@ -18,6 +18,9 @@ public:
     std::vector<pid_t> alive() const;
 
 private:
+    /// Has the kernel tell when the program ends, so that it doesn't stay behind as a dead process.
+    void reapAtEnd(pid_t pid);
+
     mutable std::vector<pid_t> pids_;
 };
 

@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <ctime>
 #include <cstdio>
 #include <filesystem>
 
@@ -113,6 +114,15 @@ std::uint64_t QtFiles::fileSize(const std::string& path) const {
     if (!status) failFile("Can't open", path, errno);
     if (S_ISDIR(status->st_mode)) failFile("Can't open", path, EISDIR);
     return static_cast<std::uint64_t>(status->st_size);
+}
+
+double QtFiles::fileAge(const std::string& path) const {
+    const auto status = statusOf(existing(path, "Can't open"));
+    if (!status) failFile("Can't open", path, errno);
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return 1000.0 * static_cast<double>(now.tv_sec - status->st_mtim.tv_sec) +
+           static_cast<double>(now.tv_nsec - status->st_mtim.tv_nsec) / 1e6;
 }
 
 std::unique_ptr<TextReader> QtFiles::openText(const std::string& path) {

@@ -20,6 +20,7 @@ public:
     bool fileExists(const std::string& path) const override;
     bool folderExists(const std::string& path) const override;
     std::uint64_t fileSize(const std::string& path) const override;
+    double fileAge(const std::string& path) const override;
     std::unique_ptr<TextReader> openText(const std::string& path) override;
     std::unique_ptr<TextWriter> createText(const std::string& path) override;
     std::unique_ptr<TextWriter> replaceText(const std::string& path) override;

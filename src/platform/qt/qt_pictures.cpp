@@ -7,9 +7,12 @@
 #include <QBuffer>
 #include <QImage>
 #include <QImageReader>
+#include <QPainter>
+#include <QSvgRenderer>
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 
 namespace gatehouse {
 
@@ -22,6 +25,7 @@ constexpr long long kMostPoints = 1LL << 24;
 /// Each scan of a progressive JPEG file goes over all points, whatever few bytes it has itself.
 constexpr int kMostScans = 100;
 constexpr int kLongestShown = 2048;
+constexpr double kTallestPng = 16384;
 constexpr int kDotsPerMetre = 2835;
 constexpr QRgb kOpaque = 0xFF000000;
 
@@ -156,6 +160,23 @@ std::string QtPictures::bmp(Picture picture) {
         throw RuntimeFailure("Can't make a picture of " + sizeText(picture.width, picture.height));
     image = {};
     picture = {};  // before there is a copy of the file
+    return bytes.toStdString();
+}
+
+std::string QtPictures::png(const std::string& svg, int width) {
+    QSvgRenderer drawing(QByteArray::fromStdString(svg));
+    const QSizeF size = drawing.viewBoxF().size();
+    const double height = size.isEmpty() ? 0 : size.height() / size.width() * width;
+    if (!drawing.isValid() || height < 1 || height > kTallestPng) throw RuntimeFailure("Can't make a picture of this size");
+    QImage image(width, static_cast<int>(std::ceil(height)), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    drawing.render(&painter);
+    painter.end();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG")) throw RuntimeFailure("Can't make a picture of this drawing");
     return bytes.toStdString();
 }
 

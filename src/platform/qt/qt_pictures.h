@@ -12,6 +12,7 @@ public:
     /// At most 2048 points a side come back.
     Picture open(const std::string& path) override;
     std::string bmp(Picture picture) override;
+    std::string png(const std::string& svg, int width) override;
 };
 
 }  // namespace gatehouse

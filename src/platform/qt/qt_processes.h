@@ -18,6 +18,7 @@ public:
     int osPlatformId() const override;
     void startBatch(const std::string& interpreter, const std::string& batchFile) override;
     void start(const std::string& programLine, const std::string& folder) override;
+    bool gameRuns() const override { return !games_.alive().empty(); }
 
     /// Games that were started here and still run. Each leads a process group and a session of that number.
     std::vector<pid_t> startedGames() const { return games_.alive(); }

@@ -34,12 +34,13 @@ pid_t X11Windows::gameOf(pid_t process) const {
 std::vector<DesktopWindow> X11Windows::list() const {
     std::vector<DesktopWindow> windows;
     if (!hasList()) {
-        for (const pid_t game : startedGames_()) windows.push_back({static_cast<std::uint64_t>(game), kGameTitle});
+        for (const pid_t game : startedGames_()) windows.push_back({static_cast<std::uint64_t>(game), kGameTitle, true});
         return windows;
     }
     for (const std::uint32_t window : connection_->topWindows()) {
-        if (connection_->processOf(window) == ::getpid()) continue;
-        windows.push_back({window, connection_->titleOf(window).substr(0, kLongestTitle)});
+        const pid_t process = connection_->processOf(window);
+        if (process == ::getpid()) continue;
+        windows.push_back({window, connection_->titleOf(window).substr(0, kLongestTitle), gameOf(process) != 0});
     }
     return windows;
 }

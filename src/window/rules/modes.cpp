@@ -3,6 +3,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 
+#include <algorithm>
 #include <array>
 
 namespace gatehouse {
@@ -87,6 +88,11 @@ void ModeRules::sbar_ListItemClick(std::int16_t item) {
     FrameShown.set(frame);
     enterFrame(frame);
     log_.logEvent("Switching to tab: " + quoted(tab.key));
+}
+
+void ModeRules::showBenchmarkTab() {
+    const auto place = std::find(kBenchmarkTabs.begin(), kBenchmarkTabs.end(), kBenchmarkFrame) - kBenchmarkTabs.begin();
+    if (run_.CurrentMode.get() == kBenchmark) sbar_ListItemClick(static_cast<std::int16_t>(place + 1));
 }
 
 void ModeRules::enterFrame(Frame frame) {

@@ -60,6 +60,9 @@ public:
     /// Shows a tab of the current mode, counted from 1; nothing happens if it is the one on show.
     void sbar_ListItemClick(std::int16_t item);
 
+    /// The tab of the current mode's benchmark comes to the front: its buttons end a run.
+    void showBenchmarkTab();
+
     Observable<std::string> TabKey;
     Observable<std::int16_t> FrameShown{kNoFrame};
     Observable<std::string> frameCaption;  ///< caption of `sframe`

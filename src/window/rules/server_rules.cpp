@@ -1,5 +1,6 @@
 #include "window/rules/server_rules.h"
 
+#include "base/log.h"
 #include "base/numbers.h"
 
 #include <cmath>
@@ -18,6 +19,7 @@ ServerRules::ServerRules(const Ground& ground, SettingsDocument& doc)
     : doc_(doc),
       run_(ground.run),
       dialogs_(ground.dialogs),
+      log_(ground.log),
       limits_{{{doc.ui_ffa_fraglimit, doc.ui_ffa_timelimit, nullptr, "Frags:"},
                {doc.ui_tourney_fraglimit, doc.ui_tourney_timelimit, nullptr, "Frags:"},
                {doc.ui_team_fraglimit, doc.ui_team_timelimit, &doc.ui_team_friendly, "Frags:"},
@@ -105,11 +107,12 @@ void ServerRules::fgame_Click() {
 
 void ServerRules::q3hunksize_Change() {
     if (val(doc_.q3hunksize.text()) >= kLeastHunkSize) return;
-    dialogs_.show({.title = "Invalid Parameter",
-                   .text = "Server Cannot Run With Less Than 26 Mb",
-                   .buttons = Buttons::Ok,
-                   .icon = Icon::Stop,
-                   .safeAnswer = Answer::Ok});
+    const std::string text = "Server Cannot Run With Less Than 26 Mb";
+    // Nobody watches a benchmark, and it must not wait for anybody.
+    if (run_.benchmarking.get())
+        log_.logEvent(text, true);
+    else
+        dialogs_.show({.title = "Invalid Parameter", .text = text, .icon = Icon::Stop, .safeAnswer = Answer::Ok});
     doc_.q3hunksize.setText("26");
 }
 

@@ -49,6 +49,7 @@ private:
     SettingsDocument& doc_;
     RunState& run_;
     Dialogs& dialogs_;
+    Log& log_;
     std::array<Limits, 4> limits_;
     Connections follow_;
 };

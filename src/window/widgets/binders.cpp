@@ -72,7 +72,8 @@ void take(const QString& text, TextField& field, Typed typed) {
     // Bytes that show alike stay as they are: only what differs on the screen was typed.
     if (text == shown(field.text())) return;
     const std::string bytes = field.spec().isPath ? typedPathBytes(text, field.text()) : typedBytes(text);
-    if (typed != Typed::AnyText && !isWholeNumber(bytes)) return;
+    if (typed == Typed::Number && !isWholeNumber(bytes)) return;
+    if (typed == Typed::Decimal && !parseDecimal(bytes)) return;
     field.edit([&field, &bytes] { field.setText(bytes); });
 }
 
@@ -92,7 +93,7 @@ void bindText(Widget& widget, QLineEdit& line, TextField& field, Typed typed) {
     QObject::connect(&widget, &Widget::editingFinished, &line, [&widget, &line, &field, typed] {
         // Another window is no leaving.
         if (field.spec().takenWhenLeft && widget.isActiveWindow()) take(line.text(), field, typed);
-        if (typed == Typed::Number) showText(line, field);
+        if (typed != Typed::AnyText) showText(line, field);
         field.left.emit();
     });
     line.installEventFilter(new ProgramUndo(&line));

@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QWindow>
 
 #include <filesystem>
@@ -191,10 +192,17 @@ Answer QtDialogs::show(const MessageBox& box) {
     window.setObjectName(QStringLiteral("messageBox"));
     for (const ButtonAnswer& one : kAnswers)
         if (QAbstractButton* button = window.button(one.button)) button->setObjectName(QLatin1String(one.name));
+    const QAbstractButton* other = nullptr;
+    if (!box.other.empty()) {
+        QPushButton* button = window.addButton(shown(box.other), QMessageBox::ActionRole);
+        button->setObjectName(QStringLiteral("other"));
+        other = button;
+    }
     window.setDefaultButton(box.buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
     window.setEscapeButton(escapeButton(box.buttons));
     const int pressed = window.exec();
     throwIfEnded();
+    if (other && window.clickedButton() == other) return Answer::Other;
     for (const ButtonAnswer& one : kAnswers)
         if (pressed == one.button) return one.answer;
     return safeAnswer(box);  // the loop was ended from elsewhere

@@ -315,6 +315,7 @@ void FakeProcesses::startBatch(const std::string& interpreter, const std::string
 void FakeProcesses::start(const std::string& programLine, const std::string& folder) {
     if (failToStart) throw RuntimeFailure("File not found: quake3.exe");
     started.push_back(folder + "|" + programLine);
+    if (onStart) onStart();
 }
 
 namespace {

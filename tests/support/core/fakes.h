@@ -13,6 +13,7 @@
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/ground.h"
+#include "platform/machine.h"
 #include "platform/pace.h"
 #include "platform/pictures.h"
 #include "platform/processes.h"
@@ -49,6 +50,8 @@ public:
     bool fileExists(const std::string& path) const override;
     bool folderExists(const std::string& path) const override;
     std::uint64_t fileSize(const std::string& path) const override;
+    double fileAge(const std::string&) const override { return age; }
+    double age = 0;  ///< of every file, in milliseconds
     std::unique_ptr<TextReader> openText(const std::string& path) override;
     std::unique_ptr<TextWriter> createText(const std::string& path) override;
     std::unique_ptr<TextWriter> replaceText(const std::string& path) override;
@@ -154,8 +157,17 @@ public:
 class FakeWindows : public DesktopWindows {
 public:
     std::vector<DesktopWindow> list() const override { return windows; }
-    void close(std::uint64_t id) override { closed.push_back(id); }
-    bool terminate(std::uint64_t) override { return false; }
+    void close(std::uint64_t id) override {
+        closed.push_back(id);
+        if (onClose) onClose();
+    }
+    bool terminate(std::uint64_t id) override {
+        terminated.push_back(id);
+        return terminates;
+    }
+    std::function<void()> onClose;
+    std::vector<std::uint64_t> terminated;
+    bool terminates = false;
     std::vector<DesktopWindow> windows;
     std::vector<std::uint64_t> closed;
 };
@@ -167,11 +179,19 @@ public:
     int osPlatformId() const override { return platformId; }
     void startBatch(const std::string& interpreter, const std::string& batchFile) override;
     void start(const std::string& programLine, const std::string& folder) override;
+    bool gameRuns() const override { return running; }
+    bool running = false;
+    std::function<void()> onStart;
     std::string line;
     std::vector<std::string> variables;
     int platformId = 2;
     bool failToStart = false;
     std::vector<std::string> started;  ///< `<interpreter> /c "<batch>"`, or `<folder>|<program line>`
+};
+
+class FakeMachine : public Machine {
+public:
+    MachineInfo info() const override { return {"A processor", "", "A kernel"}; }
 };
 
 /// Archives in memory: what is taken out of them goes to the files.
@@ -200,6 +220,7 @@ public:
     explicit FakePictures(MemoryFiles& files) : files_(files) {}
     Picture open(const std::string& path) override;
     std::string bmp(Picture picture) override { return std::to_string(picture.width); }
+    std::string png(const std::string& svg, int width) override { return std::to_string(width) + svg; }
     std::vector<std::string> shown;
 
 private:
@@ -256,12 +277,13 @@ public:
     std::vector<std::string> viewed;
 };
 
-/// Keeps all lines; a serious one has a "!" in front.
+/// Keeps all lines; a serious one has a "!" in front, one for the file alone a "=".
 class RecordingLog : public Log {
 public:
     void logEvent(std::string_view message, bool serious) override {
         lines.push_back((serious ? "!" : "") + std::string(message));
     }
+    void toFile(std::string_view line) override { lines.push_back("=" + std::string(line)); }
     bool has(const std::string& line) const;
     std::vector<std::string> lines;
 };
@@ -276,6 +298,7 @@ struct World {
     MemoryClipboard clipboard;
     FakeWindows windows;
     FakeProcesses processes;
+    FakeMachine machine;
     FakeArchives archives{files};
     FakePictures pictures{files};
     FakeSocket socket;
@@ -288,7 +311,7 @@ struct World {
     Pace pace{events, clock};
     Ground ground{files, dialogs, events, log, store, run, flags, pace};
     Services services{files,   settings,  events,   clock,    dialogs, clipboard,
-                      windows, processes, archives, pictures, socket,  viewers, random};
+                      windows, processes, machine, archives, pictures, socket,  viewers, random};
 };
 
 /// Lines joined as the program writes them, each ended by CR LF.
