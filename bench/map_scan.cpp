@@ -36,9 +36,9 @@ std::string scanMaps(const SampleGame& sample) {
     Refusal dialogs;
     Pace pace(events, clock);
     const Ground ground{files, dialogs, events, world.log, world.store, world.run, world.flags, pace};
-    const Services services{files,           world.settings, events,          clock,    dialogs,
-                            world.clipboard, world.windows,  world.processes, world.machine, archives, world.pictures,
-                            world.socket,    world.viewers,  world.random};
+    const Services services{files,           world.settings, events,          clock,         dialogs,
+                            world.clipboard, world.windows,  world.processes, world.machine, archives,
+                            world.pictures,  world.socket,   world.viewers,   world.random};
     SettingsDocument doc;
     Observable<std::string> status;
     ContentRoom content(ground, services, doc, status);

@@ -88,9 +88,9 @@ void timePreview() {
     world.settings.values["exepath"] = gameFolder + "quake3.exe";
     world.settings.values["basedir"] = gameFolder;
     world.settings.values["ghcdir"] = programFolder + "\\";
-    const Services services{files,           world.settings, world.events,    world.clock,    world.dialogs,
-                            world.clipboard, world.windows,  world.processes, world.machine, world.archives, pictures,
-                            world.socket,    world.viewers,  world.random};
+    const Services services{files,           world.settings, world.events,    world.clock,   world.dialogs,
+                            world.clipboard, world.windows,  world.processes, world.machine, world.archives,
+                            pictures,        world.socket,   world.viewers,   world.random};
     Gatehouse program(services, programFolder);
     program.StartupDriver();
     MainWindow window(program);

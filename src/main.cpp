@@ -89,8 +89,8 @@ int main(int argc, char** argv) {
     QtUdpSocket socket(events);
     QtViewers viewers(interactive);
     Random random;
-    const Services services{files,     settings, events,   clock,  dialogs, clipboard, windows,
-                            processes, machine,  archives, pictures, socket, viewers, random};
+    const Services services{files,     settings, events,   clock,    dialogs, clipboard, windows,
+                            processes, machine,  archives, pictures, socket,  viewers,   random};
 
     Gatehouse program(services, programFolder);
     // Nobody looks at a splash that is drawn into memory.

@@ -47,7 +47,8 @@ struct CommandFlags {
         mtool1.setAll(false);
         mtool2.setAll(false);
         mtool2[2].set(true);
-        for (Observable<bool>* flag : {&q3botlist, &q3botadd, &q3botdel, &namedBotsShown, &mtoolsresults}) flag->set(true);
+        for (Observable<bool>* flag : {&q3botlist, &q3botadd, &q3botdel, &namedBotsShown, &mtoolsresults})
+            flag->set(true);
         setMovable(true);
     }
 

@@ -39,8 +39,8 @@ std::string shortestDecimal(double value);
 /// Up to 15 significant digits without zeros at the end, and an exponent where the number is very large or small: the
 /// form in which numbers have always been written into results.
 std::string decimalText(double value);
-/// The shortest decimal text with a place for the sign: a value that is not negative has one leading blank, and below 1 no zero stands
-/// before the point (" .5").
+/// The shortest decimal text with a place for the sign: a value that is not negative has one leading blank, and below 1
+/// no zero stands before the point (" .5").
 std::string signedDecimal(double value);
 /// A position in hundredths as a number with one decimal place, halves away from zero: 35 gives "0.4".
 std::string hundredthsAsTenths(int position);

@@ -19,9 +19,9 @@ namespace gatehouse {
 
 namespace {
 
-constexpr int kMinute = 60'000;         // milliseconds, as all below
+constexpr int kMinute = 60'000;  // milliseconds, as all below
 constexpr int kTick = 50;
-constexpr double kStatusPace = 100;
+constexpr double kStatusPace = 500;  // each change is painted, beside a game that is measured
 constexpr double kProgressPace = 1000;
 /// A game that has written its figures is given this long to leave the machine to the next one.
 constexpr double kQuietPatience = 5000;
@@ -351,8 +351,8 @@ std::string BenchmarkRun::elsewhere() const {
         const std::string path = home + folder + "/baseq3/" + std::string(kDataFile);
         if (!with_.files.fileExists(path)) continue;
         if (with_.files.fileAge(path) > with_.services.clock.tickCount() - start_) continue;
-        std::string hint = "The game has written its results to " + path + ". Add to \"Extra Command Line\": " +
-                           "+set fs_homepath " + quoted(gameDir_);
+        std::string hint = "The game has written its results to " + path +
+                           ". Add to \"Extra Command Line\": " + "+set fs_homepath " + quoted(gameDir_);
         with_.log.logEvent(hint, true);
         return "\r\n\r\n" + hint;
     }
@@ -373,11 +373,13 @@ double BenchmarkRun::ParseBenchData(Iteration& iteration) {
 }
 
 void BenchmarkRun::finish() {
+    progress.set("");
     if (with_.run.RunErrors) {
         with_.log.logEvent("Benchmarks Finished. There were errors.");
-        askToView("There were errors encountered\r\nwhile running this benchmark.\r\n\r\n"
-                  "Do you want to view the error log now?",
-                  with_.run.AppDir + "errorlog.txt", false);
+        askToView(
+            "There were errors encountered\r\nwhile running this benchmark.\r\n\r\n"
+            "Do you want to view the error log now?",
+            with_.run.AppDir + "errorlog.txt", false);
     } else {
         with_.log.logEvent("Benchmarks Finished OK.");
     }

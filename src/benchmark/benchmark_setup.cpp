@@ -35,9 +35,8 @@ std::optional<std::string> laterDemo(const std::string& name) {
 
 /// A name that the game's console would take for more than a name: it goes into a line of commands.
 bool isUnsafe(const std::string& name) {
-    return std::any_of(name.begin(), name.end(), [](char c) {
-        return static_cast<unsigned char>(c) < ' ' || c == 0x7F || c == '"' || c == ';';
-    });
+    return std::any_of(name.begin(), name.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7F || c == '"' || c == ';'; });
 }
 
 std::string shownFolder(std::string path) {

@@ -136,7 +136,8 @@ private:
                 dot.x = chart_.apart + metrics_.letter + static_cast<double>(lost++ % most) * 3 * chart_.radius;
                 dot.y = middle;
             } else {
-                const double height = from.iterations.size() > 1 ? static_cast<double>(i % kHeights) / (kHeights - 1) - 0.5 : 0;
+                const double height =
+                    from.iterations.size() > 1 ? static_cast<double>(i % kHeights) / (kHeights - 1) - 0.5 : 0;
                 dot.x = xOf(from.iterations[i].value);
                 dot.y = middle + height * metrics_.line * 1.5;
             }
@@ -237,15 +238,17 @@ std::size_t ChartLayout::dotBeside(std::size_t dot, int direction) const {
         const ChartRow& to = rows[row];
         if (to.dots == 0) continue;
         const auto begin = dots.begin() + static_cast<std::ptrdiff_t>(to.firstDot);
-        const auto nearest = std::min_element(begin, begin + static_cast<std::ptrdiff_t>(to.dots), [&](auto& a, auto& b) {
-            return std::fabs(a.x - dots[dot].x) < std::fabs(b.x - dots[dot].x);
-        });
+        const auto nearest = std::min_element(
+            begin, begin + static_cast<std::ptrdiff_t>(to.dots),
+            [&](auto& a, auto& b) { return std::fabs(a.x - dots[dot].x) < std::fabs(b.x - dots[dot].x); });
         return static_cast<std::size_t>(nearest - dots.begin());
     }
     return dot;
 }
 
-ChartLayout layOut(const std::vector<ResultRow>& rows, const ChartMetrics& metrics) { return Layer(rows, metrics).make(); }
+ChartLayout layOut(const std::vector<ResultRow>& rows, const ChartMetrics& metrics) {
+    return Layer(rows, metrics).make();
+}
 
 std::string dotText(const std::vector<ResultRow>& rows, const ChartDot& dot) {
     const ResultRow& row = rows[dot.row];
@@ -277,7 +280,8 @@ std::string chartSvg(const std::vector<ResultRow>& rows, const ChartLayout& char
             svg += line(row.interval->first, middle, row.interval->second, middle,
                         "stroke=\"#1f5fa8\" stroke-opacity=\"0.35\" stroke-width=\"8\"");
         if (row.median)
-            svg += line(*row.median, middle - chart.line, *row.median, middle + chart.line, "stroke=\"#000\" stroke-width=\"2\"");
+            svg += line(*row.median, middle - chart.line, *row.median, middle + chart.line,
+                        "stroke=\"#000\" stroke-width=\"2\"");
     }
     for (const ChartDot& dot : chart.dots)
         svg += "<circle cx=\"" + number(dot.x) + "\" cy=\"" + number(dot.y) + "\" r=\"" + number(chart.radius) + "\" " +

@@ -28,7 +28,7 @@ struct ChartDot {
 
 struct ChartRow {
     double top = 0, bottom = 0;
-    std::string label, demo;  ///< cut to the room there is
+    std::string label, demo;                            ///< cut to the room there is
     std::optional<double> median;                       ///< x
     std::optional<std::pair<double, double>> interval;  ///< x of the ends of the mean's 95 % interval
     std::size_t firstDot = 0, dots = 0;

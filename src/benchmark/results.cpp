@@ -58,8 +58,7 @@ void judge(ResultRow& row) {
     row.summary = summarise(figures);
     const std::vector<bool> far = outliers(figures);
     std::size_t good = 0;
-    for (const Iteration& one : row.iterations)
-        row.outlier.push_back(one.outcome == Outcome::Good && far[good++]);
+    for (const Iteration& one : row.iterations) row.outlier.push_back(one.outcome == Outcome::Good && far[good++]);
     row.slowFirst = !row.iterations.empty() && row.iterations.front().outcome == Outcome::Good && slowFirst(figures);
 }
 
@@ -72,7 +71,9 @@ std::vector<double> ResultRow::figures() const {
     return values;
 }
 
-std::string ResultRow::configurationLabel() const { return run.empty() ? configuration : configuration + " (" + run + ")"; }
+std::string ResultRow::configurationLabel() const {
+    return run.empty() ? configuration : configuration + " (" + run + ")";
+}
 
 std::vector<ResultRow> resultRows(const std::vector<RunRecord>& records) {
     std::vector<ResultRow> rows;
@@ -126,9 +127,10 @@ std::string tableText(const std::vector<ResultRow>& rows) {
     for (const ResultRow& row : rows) {
         const Summary& of = row.summary;
         const auto figure = [&of](double value) { return of.n > 0 ? figureText(value) : std::string(); };
-        text += joined({row.configurationLabel(), row.demo, std::to_string(of.n), figure(of.median), figure(of.mean),
-                        of.deviation ? figureText(*of.deviation) : std::string(), figure(of.minimum), figure(of.maximum)},
-                       '\t');
+        text +=
+            joined({row.configurationLabel(), row.demo, std::to_string(of.n), figure(of.median), figure(of.mean),
+                    of.deviation ? figureText(*of.deviation) : std::string(), figure(of.minimum), figure(of.maximum)},
+                   '\t');
     }
     return text;
 }

@@ -14,14 +14,14 @@ struct ResultRow {
     std::string run;  ///< when the run began, where there is more than one; otherwise empty
     std::string configuration;
     std::string demo;
-    std::string text;  ///< what the game was given of the configuration
+    std::string text;                   ///< what the game was given of the configuration
     std::vector<Iteration> iterations;  ///< all, in their order
     Summary summary;                    ///< of the good ones
     /// For each iteration whether it is a good one that lies far from the others.
     std::vector<bool> outlier;
     bool slowFirst = false;
 
-    std::vector<double> figures() const;  ///< of the good iterations
+    std::vector<double> figures() const;     ///< of the good iterations
     std::string configurationLabel() const;  ///< with its run, where there is more than one
 };
 

@@ -31,7 +31,8 @@ std::string runLabel(const std::string& fileName) {
     const std::string stem = fileName.substr(0, fileName.size() - kRecordEnd.size());
     if (stem.size() < kStamp || stem.find_first_not_of("0123456789") < kStamp) return stem;
     const auto part = [&](std::size_t at) { return stem.substr(at, 2); };
-    std::string label = stem.substr(0, 4) + "-" + part(4) + "-" + part(6) + " " + part(8) + ":" + part(10) + ":" + part(12);
+    std::string label =
+        stem.substr(0, 4) + "-" + part(4) + "-" + part(6) + " " + part(8) + ":" + part(10) + ":" + part(12);
     if (stem.size() > kStamp + 1) label += " (" + stem.substr(kStamp + 1) + ")";
     return label;
 }
@@ -62,7 +63,8 @@ std::string aboutRun(const RunRecord& record) {
         if (!part.empty()) text += (text.empty() ? "" : ", ") + part;
     text = "Run of " + record.started + (text.empty() ? "." : " on " + text + ".");
     if (const std::string end = endText(record); !end.empty()) text += " " + end;
-    if (!record.unsavedKept.empty()) addLine(text, "Changes that were unsaved then were kept in " + record.unsavedKept + ".");
+    if (!record.unsavedKept.empty())
+        addLine(text, "Changes that were unsaved then were kept in " + record.unsavedKept + ".");
     return text;
 }
 
@@ -130,7 +132,8 @@ void ResultsForm::take(const ListField& list, int offset, std::vector<RunRecord>
 void ResultsForm::showRuns() {
     records_.clear();
     std::string text;
-    if (paths_.empty()) text = "No run has been kept yet. Choose documents and demos on the Benchmark tab and press Play.";
+    if (paths_.empty())
+        text = "No run has been kept yet. Choose documents and demos on the Benchmark tab and press Play.";
     take(runlist, 0, records_, text);
     if (otherrun.index() - 1 != runlist.index()) take(otherrun, 1, records_, text);
     for (const RunRecord& record : records_) addLine(text, aboutRun(record));
@@ -211,7 +214,8 @@ void ResultsForm::saveresults_Click() {
         with_.log.logEvent("Results saved to " + *chosen);
     } catch (const RuntimeFailure& failure) {
         with_.log.logEvent(failure.what(), true);
-        with_.dialogs.show({.title = "Save Results", .text = failure.what(), .icon = Icon::Stop, .safeAnswer = Answer::Ok});
+        with_.dialogs.show(
+            {.title = "Save Results", .text = failure.what(), .icon = Icon::Stop, .safeAnswer = Answer::Ok});
     }
 }
 

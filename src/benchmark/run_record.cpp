@@ -49,7 +49,10 @@ std::size_t sequenceLength(std::string_view text) {
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
     const unsigned char lead = byte(0);
     if (lead < 0x80) return 1;
-    const std::size_t length = lead >= 0xC2 && lead <= 0xDF ? 2 : (lead & 0xF0) == 0xE0 ? 3 : lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+    const std::size_t length = lead >= 0xC2 && lead <= 0xDF   ? 2
+                               : (lead & 0xF0) == 0xE0        ? 3
+                               : lead >= 0xF0 && lead <= 0xF4 ? 4
+                                                              : 0;
     if (length == 0 || text.size() < length) return 0;
     for (std::size_t i = 1; i < length; ++i)
         if ((byte(i) & 0xC0) != 0x80) return 0;
@@ -114,9 +117,12 @@ public:
     }
     int whole(const char* name, int least, int most) const {
         const Json& value = at(name);
-        const bool fits = value.is_number_integer() && value.get<std::int64_t>() >= least && value.get<std::int64_t>() <= most &&
-                          !(value.is_number_unsigned() && value.get<std::uint64_t>() > static_cast<std::uint64_t>(most));
-        if (!fits) throw RuntimeFailure(gatehouse::quoted(name) + " is no number from " + std::to_string(least) + " to " + std::to_string(most));
+        const bool fits =
+            value.is_number_integer() && value.get<std::int64_t>() >= least && value.get<std::int64_t>() <= most &&
+            !(value.is_number_unsigned() && value.get<std::uint64_t>() > static_cast<std::uint64_t>(most));
+        if (!fits)
+            throw RuntimeFailure(gatehouse::quoted(name) + " is no number from " + std::to_string(least) + " to " +
+                                 std::to_string(most));
         return value.get<int>();
     }
     double figure(const char* name) const {
@@ -128,7 +134,8 @@ public:
     bool has(const char* name) const { return json_.contains(name); }
     const Json& list(const char* name) const {
         const Json& value = at(name);
-        if (!value.is_array() || value.size() > kMostEntries) throw RuntimeFailure(gatehouse::quoted(name) + " is no list");
+        if (!value.is_array() || value.size() > kMostEntries)
+            throw RuntimeFailure(gatehouse::quoted(name) + " is no list");
         return value;
     }
 

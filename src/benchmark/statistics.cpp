@@ -89,11 +89,13 @@ std::string percent(double value, bool fine) {
     return fine ? std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) : std::to_string(std::lround(value));
 }
 
-/// "4 to 7 %", "about 4.2 %".
+/// "4 to 7 %", "about 4.2 %", "up to 0.3 %".
 std::string percentRange(double low, double high) {
     const bool fine = high - low < 2 || low < 1;
     const std::string from = percent(low, fine);
     const std::string to = percent(high, fine);
+    if (to == "0.0") return "less than 0.1 %";
+    if (from == "0.0") return "up to " + to + " %";
     return from == to ? "about " + to + " %" : from + " to " + to + " %";
 }
 
@@ -138,7 +140,8 @@ Comparison compare(const std::vector<double>& first, const std::vector<double>& 
     Comparison result;
     if (first.size() < 2 || second.size() < 2) return result;
     const auto isPositive = [](double one) { return one > 0; };
-    if (!std::all_of(first.begin(), first.end(), isPositive) || !std::all_of(second.begin(), second.end(), isPositive)) {
+    if (!std::all_of(first.begin(), first.end(), isPositive) ||
+        !std::all_of(second.begin(), second.end(), isPositive)) {
         result.verdict = Comparison::Verdict::NoRatio;
         return result;
     }
@@ -149,8 +152,9 @@ Comparison compare(const std::vector<double>& first, const std::vector<double>& 
     const double ofB = varianceOf(b) / static_cast<double>(b.size());
     double half = 0;
     if (ofA + ofB > 0) {
-        const double degrees = (ofA + ofB) * (ofA + ofB) / (ofA * ofA / static_cast<double>(a.size() - 1) +
-                                                            ofB * ofB / static_cast<double>(b.size() - 1));
+        const double degrees =
+            (ofA + ofB) * (ofA + ofB) /
+            (ofA * ofA / static_cast<double>(a.size() - 1) + ofB * ofB / static_cast<double>(b.size() - 1));
         half = studentT(degrees) * std::sqrt(ofA + ofB);
     }
     result.low = std::exp(difference - half);
@@ -171,7 +175,8 @@ std::string verdictText(const Comparison& comparison, const std::string& first, 
         case Comparison::Verdict::NoRatio:
             return both + " can't be compared on " + demo + ": there is a figure of 0.";
         case Comparison::Verdict::Same: {
-            const std::string apart = both + " can't be told apart on " + demo + " with " + runs(firstCount, secondCount);
+            const std::string apart =
+                both + " can't be told apart on " + demo + " with " + runs(firstCount, secondCount);
             if (!comparison.more) return apart + "; more runs will hardly change that.";
             return apart + "; " + std::to_string(*comparison.more) + " more might.";
         }

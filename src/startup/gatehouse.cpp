@@ -17,9 +17,9 @@ namespace gatehouse {
 namespace {
 
 /// The order in which forms are unloaded, by their names; one that isn't named goes last.
-constexpr std::array<std::string_view, 12> kUnloadOrder = {
-    "q3newbot", "q3newip", "q3about", "q3keyboard", "q3pakmaps", "q3resetprompt",
-    "q3options", "q3players", "waitwindow", "q3getmaps", "q3getmdl", "q3getmods"};
+constexpr std::array<std::string_view, 12> kUnloadOrder = {"q3newbot",   "q3newip",       "q3about",   "q3keyboard",
+                                                           "q3pakmaps",  "q3resetprompt", "q3options", "q3players",
+                                                           "waitwindow", "q3getmaps",     "q3getmdl",  "q3getmods"};
 
 auto unloadPlace(const Form* form) { return std::find(kUnloadOrder.begin(), kUnloadOrder.end(), form->name); }
 
@@ -36,8 +36,7 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
       launch(startup.ground, services,
              {config.doc, mods.table, *this, mods.aliases, servers.iplist, startup.options.q3runoptions,
               startup.options.extracmdline}),
-      benchmark(startup.ground, services,
-                {startup.options, config.documents, launch.gameConfig, startup.q3.q3status}),
+      benchmark(startup.ground, services, {startup.options, config.documents, launch.gameConfig, startup.q3.q3status}),
       rules(startup, services, config, mods, content, servers),
       rescue(startup.ground, services.clock, rescueKinds()),
       update_(startup.ground, content) {

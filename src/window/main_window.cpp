@@ -64,7 +64,8 @@ QWidget* makeTabContent(Frame frame, Gatehouse& program) {
         case kVideoFrame: return makeSettingsTab(doc.video);
         case kTweak1Frame: return makeSettingsTab(doc.tweak1);
         case kTweak2Frame: return makeSettingsTab(doc.tweak2);
-        case kBenchmarkFrame: return makeBenchmarkTab(program);
+        case kBenchmarkFrame:
+            return makeBenchmarkTab(program);
         default: return nullptr;
     }
 }

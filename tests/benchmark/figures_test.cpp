@@ -50,7 +50,10 @@ TEST(Figures, TwoSetsAreToldApartOnlyWithGround) {
         {{106, 105, 107}, {100, 101, 99}, "b is 4 to 8 % slower than a on demo001 (95 % interval, 3 runs each)."},
         {{50, 50}, {60, 60, 60}, "b is about 20.0 % faster than a on demo001 (95 % interval, 2 and 3 runs)."},
         {{100, 110, 90}, {108, 118, 98}, "b and a can't be told apart on demo001 with 3 runs each; 11 more might."},
-        {{50, 50}, {50, 50}, "b and a can't be told apart on demo001 with 2 runs each; more runs will hardly change that."},
+        {{50, 50},
+         {50, 50},
+         "b and a can't be told apart on demo001 with 2 runs each; more runs will hardly change that."},
+        {{99.99, 100.01}, {100.09, 100.11}, "b is up to 0.2 % faster than a on demo001 (95 % interval, 2 runs each)."},
         {{50}, {60, 60}, "b and a can't be compared on demo001: two good runs of each are needed at least."},
         {{0, 50}, {60, 60}, "b and a can't be compared on demo001: there is a figure of 0."},
     };
@@ -58,8 +61,12 @@ TEST(Figures, TwoSetsAreToldApartOnlyWithGround) {
 }
 
 TEST(Figures, AreWrittenWithUpToFifteenDigits) {
-    for (const auto& [value, text] : {std::pair(59.2, "59.2"), {84.4 / 3, "28.1333333333333"}, {0.0, "0"}, {100.0, "100"},
-                                      {20.0 / 3, "6.66666666666667"}, {1e15, "1E+15"}})
+    for (const auto& [value, text] : {std::pair(59.2, "59.2"),
+                                      {84.4 / 3, "28.1333333333333"},
+                                      {0.0, "0"},
+                                      {100.0, "100"},
+                                      {20.0 / 3, "6.66666666666667"},
+                                      {1e15, "1E+15"}})
         EXPECT_EQ(decimalText(value), text);
     for (const char* text : {"", "x", "1x", "1e999", "nan", "inf", "1 2"}) EXPECT_FALSE(parseDecimal(text)) << text;
     EXPECT_EQ(parseDecimal(" 2.5 "), 2.5);
@@ -79,8 +86,8 @@ TEST(Timings, AreReadInBothFormsAndFromNothingElse) {
         EXPECT_EQ(timing->value, one.value) << one.text;
     }
     EXPECT_TRUE(findTiming(found[0].text)->frames == 1260 && findTiming(found[0].text)->seconds == 45.2);
-    for (const char* none : {"", "seconds: 27.9", "1 seconds: -5 fps", "1 Seconds: 5 fps", "seconds:  5 fps", "59.2 fps",
-                             "x frames y seconds z fps", "1 seconds: nan fps"})
+    for (const char* none : {"", "seconds: 27.9", "1 seconds: -5 fps", "1 Seconds: 5 fps", "seconds:  5 fps",
+                             "59.2 fps", "x frames y seconds z fps", "1 seconds: nan fps"})
         EXPECT_FALSE(findTiming(none)) << none;
 }
 
@@ -118,8 +125,9 @@ TEST(Records, ComeBackAsTheyWereAndRefuseWhatIsNone) {
     };
     for (const std::string& bad :
          {std::string(), std::string("[]"), std::string(100'000, '['), text.substr(0, text.size() / 2),
-          with("\"format\": 1", "\"format\": 2"), with("\"demo\":0", "\"demo\":1"), with("\"value\":50.1", "\"value\":-1"),
-          with("\"value\":50.1", "\"value\":1e999"), with("\"good\"", "\"fine\""), with("\"number\":1", "\"number\":1e30"),
+          with("\"format\": 1", "\"format\": 2"), with("\"demo\":0", "\"demo\":1"),
+          with("\"value\":50.1", "\"value\":-1"), with("\"value\":50.1", "\"value\":1e999"),
+          with("\"good\"", "\"fine\""), with("\"number\":1", "\"number\":1e30"),
           with("\"wanted\": 2", "\"wanted\": 99999999999"), with("\"started\"", "\"begun\"")})
         EXPECT_THROW(parseRecord(bad), RuntimeFailure) << bad.substr(0, 300);
 }
@@ -131,7 +139,9 @@ TEST(Records, BecomeRowsValuesAndDifferences) {
     EXPECT_TRUE(rows[0].summary.n == 2 && rows[0].iterations.size() == 3 && rows[1].summary.n == 2);
     EXPECT_EQ(resultRows({record, record})[2].configurationLabel(), "a,\"b\".ghc (2001-02-03 14:05:06)");
     const std::string csv = csvText(rows);
-    EXPECT_NE(csv.find("\r\n,\"a,\"\"b\"\".ghc\",<demo>,1,good,50.1,199,3.4,2001-02-03 14:05:07\r\n"), std::string::npos) << csv;
+    EXPECT_NE(csv.find("\r\n,\"a,\"\"b\"\".ghc\",<demo>,1,good,50.1,199,3.4,2001-02-03 14:05:07\r\n"),
+              std::string::npos)
+        << csv;
     EXPECT_NE(csv.find(",3,stale,,,,"), std::string::npos) << csv;
     const auto differences = differingSettings(rows[0].text, rows[1].text);
     ASSERT_EQ(differences.size(), 2U);
@@ -163,7 +173,8 @@ TEST(Charts, KeepEveryDotInsideItsRowAndTheScaleRound) {
         for (const double value : figures) record.iterations.emplace_back().value = value;
         const ChartLayout flat = layOut(resultRows({record}), paper);
         EXPECT_TRUE(flat.ticks.size() >= 2 && flat.ticks.size() <= 42) << flat.ticks.size();
-        for (const ChartDot& dot : flat.dots) EXPECT_TRUE(std::isfinite(dot.x) && dot.x >= flat.left && dot.x <= flat.right);
+        for (const ChartDot& dot : flat.dots)
+            EXPECT_TRUE(std::isfinite(dot.x) && dot.x >= flat.left && dot.x <= flat.right);
     }
 }
 

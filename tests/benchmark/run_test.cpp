@@ -29,7 +29,8 @@ protected:
     }
     void choose(const std::vector<std::string>& documents, const std::vector<std::string>& demos) {
         const auto pick = [](BenchmarkList& list, const std::vector<std::string>& names) {
-            list.selectWhere([&](int row) { return std::find(names.begin(), names.end(), list.at(row).name) != names.end(); });
+            list.selectWhere(
+                [&](int row) { return std::find(names.begin(), names.end(), list.at(row).name) != names.end(); });
         };
         pick(room.setup.configlist, documents);
         pick(room.setup.demolist, demos);
@@ -86,8 +87,8 @@ TEST_F(BenchmarkRunTest, EachPairIsPlayedAndWrittenAndTheDocumentInUseIsKept) {
     const std::string before = program.run.CurrentConfigPath;
     program.config.doc.q3hostname.setText("Unsaved");
     world.settings.values["lastcfg"] = before;
-    answers = {"a, 1 seconds: no figure \n1260 frames, 45.2 seconds: 27.9 fps\n", "199 frames 3.4 seconds 59.2 fps 10.0/16.9 ms\n",
-               "9 frames, 1 seconds: 28 fps\n"};
+    answers = {"a, 1 seconds: no figure \n1260 frames, 45.2 seconds: 27.9 fps\n",
+               "199 frames 3.4 seconds 59.2 fps 10.0/16.9 ms\n", "9 frames, 1 seconds: 28 fps\n"};
     choose({"fast.ghc", "slow.ghc"}, {"demo001", "x.DM3"});
     world.files.put(kData, "an old one, 1 seconds: 99 fps");
     bool locked = false;
@@ -132,16 +133,19 @@ TEST_F(BenchmarkRunTest, AStaleGameIsClosedAndTheIterationTriedAgainOrGivenUp) {
     // The first dialog answers itself: Retry. The second one is answered: Next.
     int asked = 0;
     room.run.stale.waitwindow.changed.connect([&] {
-        if (room.run.stale.waitwindow.get() && ++asked == 2) world.events.pending.push_back([&] { room.run.stale.wnext_Click(); });
+        if (room.run.stale.waitwindow.get() && ++asked == 2)
+            world.events.pending.push_back([&] { room.run.stale.wnext_Click(); });
     });
     program.mfilerun_Click();
     EXPECT_EQ(results(), fake::crlf({"fast.ghc,demo001,10,0,10,0,6.66666666666667"}));
     EXPECT_EQ(outcomes(), (std::vector{Outcome::Good, Outcome::Retried, Outcome::Good, Outcome::Stale}));
     EXPECT_EQ(world.windows.closed.front(), 9U) << "a game of ours before what looks like one";
     EXPECT_EQ(asked, 2);
-    EXPECT_EQ(room.run.stale.msg.get().substr(0, 66), "Quake 3 has not produced any results after 120 seconds. This itera");
-    for (const char* line : {"->demo001,fast.ghc iteration 2: Stale.", "->Process was killed ok.", "->Trying same iteration again.",
-                             "->Iteration 1 of 3 completed.", "->Forcing next iteration."})
+    EXPECT_EQ(room.run.stale.msg.get().substr(0, 66),
+              "Quake 3 has not produced any results after 120 seconds. This itera");
+    for (const char* line :
+         {"->demo001,fast.ghc iteration 2: Stale.", "->Process was killed ok.", "->Trying same iteration again.",
+          "->Iteration 1 of 3 completed.", "->Forcing next iteration."})
         EXPECT_TRUE(logged(line)) << line;
 }
 
@@ -220,15 +224,16 @@ TEST_F(BenchmarkRunTest, AFileThatIsMadeEmptyCountsOnceItIsReadOrHasComeToRest) 
 
 TEST_F(BenchmarkRunTest, ResultsShowTheNewestRunsAndCompareTwoDocuments) {
     choose({"fast.ghc", "slow.ghc"}, {"demo001"});
-    answers = {"1 seconds: 50 fps", "1 seconds: 51 fps", "1 seconds: 49 fps", "1 seconds: 40 fps", "1 seconds: 41 fps",
-               "1 seconds: 42 fps"};
+    answers = {"1 seconds: 50 fps", "1 seconds: 51 fps", "1 seconds: 49 fps",
+               "1 seconds: 40 fps", "1 seconds: 41 fps", "1 seconds: 42 fps"};
     ends = {Answer::Other};
     play();
     ResultsForm& form = room.results;
     EXPECT_TRUE(form.q3results.get());
     EXPECT_EQ(form.runlist.text(), "2001-02-03 14:05:06");
     EXPECT_EQ(form.figures.count(), 2);
-    EXPECT_NE(form.verdict.get().find("slow.ghc is 14 to 22 % slower than fast.ghc on demo001"), std::string::npos) << form.verdict.get();
+    EXPECT_NE(form.verdict.get().find("slow.ghc is 14 to 22 % slower than fast.ghc on demo001"), std::string::npos)
+        << form.verdict.get();
     ASSERT_FALSE(form.differences.empty());
     EXPECT_EQ(form.differences.at(1).variable, "com_maxfps");
     world.files.put("C:\\gh\\benchmarks\\20010203140507.json", "{\"format\": 1");

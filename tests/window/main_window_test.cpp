@@ -102,8 +102,9 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
     QStringList entries;
     for (const QMenu* menu : window.menuBar()->findChildren<QMenu*>())
         for (const QAction* entry : menu->actions()) entries += entry->objectName();
-    EXPECT_EQ(entries.join(' ').simplified(), "mfileopen mfilesave mfilerun mfileexit meditundo meditredo mtoolsconsole "
-                                              "mtoolsresults mtoolsreset mtoolsoptions mhelpabout");
+    EXPECT_EQ(entries.join(' ').simplified(),
+              "mfileopen mfilesave mfilerun mfileexit meditundo meditredo mtoolsconsole "
+              "mtoolsresults mtoolsreset mtoolsoptions mhelpabout");
     world.dialogs.choose(std::nullopt);
     find<QAction>("mfilesave").trigger();
     EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);

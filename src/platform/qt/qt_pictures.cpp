@@ -167,7 +167,8 @@ std::string QtPictures::png(const std::string& svg, int width) {
     QSvgRenderer drawing(QByteArray::fromStdString(svg));
     const QSizeF size = drawing.viewBoxF().size();
     const double height = size.isEmpty() ? 0 : size.height() / size.width() * width;
-    if (!drawing.isValid() || height < 1 || height > kTallestPng) throw RuntimeFailure("Can't make a picture of this size");
+    if (!drawing.isValid() || height < 1 || height > kTallestPng)
+        throw RuntimeFailure("Can't make a picture of this size");
     QImage image(width, static_cast<int>(std::ceil(height)), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);

@@ -34,7 +34,8 @@ pid_t X11Windows::gameOf(pid_t process) const {
 std::vector<DesktopWindow> X11Windows::list() const {
     std::vector<DesktopWindow> windows;
     if (!hasList()) {
-        for (const pid_t game : startedGames_()) windows.push_back({static_cast<std::uint64_t>(game), kGameTitle, true});
+        for (const pid_t game : startedGames_())
+            windows.push_back({static_cast<std::uint64_t>(game), kGameTitle, true});
         return windows;
     }
     for (const std::uint32_t window : connection_->topWindows()) {

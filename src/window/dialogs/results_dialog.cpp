@@ -25,7 +25,8 @@ constexpr int kGap = 12;
 constexpr int kLetters = 130;
 constexpr int kLines = 44;
 constexpr int kNameLetters = 22;
-constexpr int kFigureLetters = 10;
+constexpr int kDemoLetters = 14;
+constexpr int kFigureLetters = 11;
 
 std::string figureOr(const ResultRow& row, const std::optional<double>& value) {
     return row.summary.n > 0 && value ? figureText(*value) : std::string();
@@ -64,7 +65,7 @@ TableView* makeTable(Table<ResultRow>& figures) {
     view->setAccessibleName(QObject::tr("Figures"));
     view->setRootIsDecorated(false);
     view->setUniformRowHeights(true);
-    view->setColumnLetters({kNameLetters, kFigureLetters, kFigureLetters / 2, kFigureLetters, kFigureLetters,
+    view->setColumnLetters({kNameLetters, kDemoLetters, kFigureLetters / 2, kFigureLetters, kFigureLetters,
                             kFigureLetters, kFigureLetters, kFigureLetters});
     view->setEmptyText(QObject::tr("There are no figures."));
     return view;
@@ -73,7 +74,8 @@ TableView* makeTable(Table<ResultRow>& figures) {
 TableView* makeDifferences(Table<SettingDifference>& differences) {
     using Row = SettingDifference;
     auto* view = new TableView(new TableModel(
-        differences, TableLook<Row>{.columns = {{"Setting", &Row::variable}, {"First", &Row::first}, {"Second", &Row::second}}}));
+        differences,
+        TableLook<Row>{.columns = {{"Setting", &Row::variable}, {"First", &Row::first}, {"Second", &Row::second}}}));
     view->setObjectName("differences");
     view->setAccessibleName(QObject::tr("Settings that differ"));
     view->setRootIsDecorated(false);
@@ -153,7 +155,13 @@ QWidget* ResultsDialog::makeFigures() {
     auto* current = new ElidedLabel(Qt::ElideMiddle);
     current->setObjectName("dot");
     connect(chart_, &ChartView::currentText, current, [current](const QString& text) { current->setText(text); });
+    auto* legend = new ElidedLabel(Qt::ElideRight);
+    legend->setObjectName("legend");
+    legend->setText(
+        tr("Dot: an iteration. Line: the median. Bar: 95 % interval of the mean. Ring: far from the others. "
+           "Cross: not counted."));
     column->addWidget(chart_, 1);
+    column->addWidget(legend);
     column->addWidget(current);
     return pane;
 }

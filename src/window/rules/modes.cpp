@@ -91,7 +91,8 @@ void ModeRules::sbar_ListItemClick(std::int16_t item) {
 }
 
 void ModeRules::showBenchmarkTab() {
-    const auto place = std::find(kBenchmarkTabs.begin(), kBenchmarkTabs.end(), kBenchmarkFrame) - kBenchmarkTabs.begin();
+    const auto place =
+        std::find(kBenchmarkTabs.begin(), kBenchmarkTabs.end(), kBenchmarkFrame) - kBenchmarkTabs.begin();
     if (run_.CurrentMode.get() == kBenchmark) sbar_ListItemClick(static_cast<std::int16_t>(place + 1));
 }
 

@@ -61,9 +61,9 @@ QToolBar* makeButtons(Gatehouse& program) {
 
 QWidget* makeList(BenchmarkList& list, LabelField& folder, BenchmarkSetup& setup, const QString& name,
                   const QString& title, const QString& empty) {
-    auto* view = new TableView(
-        new TableModel(list, TableLook<BenchmarkEntry>{.columns = {{"Name", &BenchmarkEntry::name}}}),
-        QAbstractItemView::ExtendedSelection);
+    auto* view =
+        new TableView(new TableModel(list, TableLook<BenchmarkEntry>{.columns = {{"Name", &BenchmarkEntry::name}}}),
+                      QAbstractItemView::ExtendedSelection);
     view->setObjectName(name);
     view->setAccessibleName(title);
     view->setRootIsDecorated(false);

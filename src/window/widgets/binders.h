@@ -17,8 +17,8 @@ namespace gatehouse {
 
 class SpinText;
 
-/// What a line of text hands to its field: whatever is typed, only whole numbers of 16 bits, or only decimal numbers. An unfinished number
-/// stays in the line, and gives way to the field's text when the line is left.
+/// What a line of text hands to its field: whatever is typed, only whole numbers of 16 bits, or only decimal numbers.
+/// An unfinished number stays in the line, and gives way to the field's text when the line is left.
 enum class Typed { AnyText, Number, Decimal };
 
 // Each binder ties a widget to a field, both ways, for as long as the widget lives: value, enabled, visible, hint and

@@ -162,13 +162,20 @@ void ChartView::keyPressEvent(QKeyEvent* event) {
         return now < 0 ? 0 : static_cast<int>(chart_.dotBeside(static_cast<std::size_t>(now), direction));
     };
     switch (event->key()) {
-        case Qt::Key_Right: return setCurrentDot(std::min(now + 1, last));
-        case Qt::Key_Left: return setCurrentDot(std::max(now - 1, 0));
-        case Qt::Key_Down: return setCurrentDot(beside(1));
-        case Qt::Key_Up: return setCurrentDot(beside(-1));
-        case Qt::Key_Home: return setCurrentDot(0);
-        case Qt::Key_End: return setCurrentDot(last);
-        default: QAbstractScrollArea::keyPressEvent(event);
+        case Qt::Key_Right:
+            return setCurrentDot(std::min(now + 1, last));
+        case Qt::Key_Left:
+            return setCurrentDot(std::max(now - 1, 0));
+        case Qt::Key_Down:
+            return setCurrentDot(beside(1));
+        case Qt::Key_Up:
+            return setCurrentDot(beside(-1));
+        case Qt::Key_Home:
+            return setCurrentDot(0);
+        case Qt::Key_End:
+            return setCurrentDot(last);
+        default:
+            QAbstractScrollArea::keyPressEvent(event);
     }
 }
 
@@ -223,7 +230,8 @@ void ChartView::paintScale(QPainter& painter) const {
         painter.setPen(QPen(colours.color(QPalette::Mid), 1, Qt::DotLine));
         painter.drawLine(QPointF(tick.x, 0), QPointF(tick.x, chart_.axis));
         painter.setPen(colours.color(QPalette::Text));
-        painter.drawText(QRectF(tick.x - letters, chart_.axis + 2, 2 * letters, chart_.line), Qt::AlignHCenter, shown(tick.text));
+        painter.drawText(QRectF(tick.x - letters, chart_.axis + 2, 2 * letters, chart_.line), Qt::AlignHCenter,
+                         shown(tick.text));
     }
     painter.drawLine(QPointF(chart_.left, chart_.axis), QPointF(chart_.right, chart_.axis));
     painter.drawText(QRectF(chart_.left, chart_.axis + chart_.line * 1.3, chart_.right - chart_.left, chart_.line),

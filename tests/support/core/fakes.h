@@ -310,8 +310,8 @@ struct World {
     OptionStore store{settings, log, dialogs};
     Pace pace{events, clock};
     Ground ground{files, dialogs, events, log, store, run, flags, pace};
-    Services services{files,   settings,  events,   clock,    dialogs, clipboard,
-                      windows, processes, machine, archives, pictures, socket,  viewers, random};
+    Services services{files,     settings, events,   clock,    dialogs, clipboard, windows,
+                      processes, machine,  archives, pictures, socket,  viewers,   random};
 };
 
 /// Lines joined as the program writes them, each ended by CR LF.
