@@ -12,6 +12,7 @@
 #include "platform/processes.h"
 #include "platform/viewers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -50,6 +51,14 @@ std::string tenths(double seconds) {
 std::string aboutTime(double milliseconds) {
     const long seconds = std::lround(milliseconds / 1000);
     return seconds < 90 ? std::to_string(seconds) + " s" : std::to_string((seconds + 30) / 60) + " min";
+}
+
+/// A path as a native engine takes it: without the drive, and without a separator at its end.
+std::string nativeForm(std::string path) {
+    if (path.size() > 1 && path[1] == ':') path.erase(0, 2);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+    return path;
 }
 
 /// The value of a variable of the environment, empty if it isn't there.
@@ -352,7 +361,7 @@ std::string BenchmarkRun::elsewhere() const {
         if (!with_.files.fileExists(path)) continue;
         if (with_.files.fileAge(path) > with_.services.clock.tickCount() - start_) continue;
         std::string hint = "The game has written its results to " + path +
-                           ". Add to \"Extra Command Line\": " + "+set fs_homepath " + quoted(gameDir_);
+                           ". Add to \"Extra Command Line\": " + "+set fs_homepath " + quoted(nativeForm(gameDir_));
         with_.log.logEvent(hint, true);
         return "\r\n\r\n" + hint;
     }

@@ -149,6 +149,35 @@ TEST_F(BenchmarkRunTest, AStaleGameIsClosedAndTheIterationTriedAgainOrGivenUp) {
         EXPECT_TRUE(logged(line)) << line;
 }
 
+TEST_F(BenchmarkRunTest, AGameThatWritesElsewhereIsToldHowToWriteHere) {
+    answers = {""};
+    program.startup.options.democount.setText("1");
+    program.startup.options.q3staleaction.setIndex(1);
+    world.processes.variables = {"HOME=/home/me"};
+    world.files.put("/home/me/.local/share/ioquake3/baseq3/bdata.txt", "1 seconds: 5 fps");
+    choose({"fast.ghc"}, {"demo001"});
+    for (const double age : {0.0, 1e9}) {
+        world.files.age = age;
+        play();
+        const bool told = room.run.stale.msg.get().find("+set fs_homepath \"/Q3\"") != std::string::npos;
+        EXPECT_EQ(told, age == 0) << "only what is fresh: " << room.run.stale.msg.get();
+    }
+    EXPECT_EQ(results(), fake::crlf({"fast.ghc,demo001,0,0"}));
+}
+
+TEST_F(BenchmarkRunTest, AFileThatCannotBeWrittenOrDeletedEndsTheRunWithABox) {
+    choose({"fast.ghc"}, {"demo001"});
+    for (const char* file : {"bresults.txt", "gatehouse.cfg", "bdata.txt"}) {
+        world.files.put(kData, "of before");
+        world.files.denied = {std::string("c:\\q3\\baseq3\\") + file};
+        world.dialogs.answer("Error", Answer::Ok);
+        program.mfilerun_Click();
+        EXPECT_TRUE(program.flags.mfilerun.get() && program.flags.sbar.get() && !program.run.benchmarking.get()) << file;
+        EXPECT_NE(world.dialogs.shown.back().text.find(file), std::string::npos) << world.dialogs.shown.back().text;
+        EXPECT_TRUE(configs.empty()) << "no game was started";
+    }
+}
+
 TEST_F(BenchmarkRunTest, AGameThatDoesNotGoIsEndedByForceAndStopWinsOverTheWait) {
     world.windows.windows = {{9, "Quake 3: Arena"}};
     WindowSearch& search = room.windows;

@@ -20,7 +20,7 @@ mkdir "$game/baseq3/demos"
 printf 'base cfgtype 3\r\n' >"$app/one.ghc"
 printf 'seta r_picmip 0\r\n' >"$documents/fast.ghc"
 printf 'seta r_picmip 3\r\nbase cfgtype 0\r\n' >"$documents/slow.ghc"
-export PRACTICE_DEMO_MS=300
+export PRACTICE_DEMO_MS=600
 drive() { "$python" "$e2e_dir/benchmark.py" "$1" "$game" "$app" || fail "not driven: $1"; }
 
 begin 'two documents, two demos, three iterations'
@@ -40,6 +40,16 @@ drive begin
 kill -KILL "$program_pid"
 wait "$program_pid" 2>/dev/null || true
 drive kept
+
+begin 'the window is closed while a run is on'
+export PRACTICE_DEMO_MS=20000 # no other window comes up meanwhile
+start_program
+drive play
+title=$(program_path "$documents/fast.ghc")
+wait_for_window "^${title//\\/.}"
+press alt+F4
+expect_end 0
+expect_silence
 expect_no_file "$documents/gatehouse.cfg"
 
 case_name=

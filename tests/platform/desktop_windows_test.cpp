@@ -48,6 +48,7 @@ TEST_F(DesktopWindowsTest, GamesStandForTheirWindows) {
     ASSERT_EQ(windows.list().size(), 1U);
     EXPECT_EQ(windows.list().front().id, game);
     EXPECT_EQ(windows.list().front().title, "Quake 3: Arena");
+    EXPECT_TRUE(windows.list().front().startedGame);
 
     windows.close(game);
     EXPECT_TRUE(ends());

@@ -4,6 +4,9 @@
 #include "scratch_folder.h"
 
 #include <gtest/gtest.h>
+
+#include <QCoreApplication>
+
 #include <sys/wait.h>
 
 #include <chrono>
@@ -85,6 +88,17 @@ TEST_F(ProcessesTest, KnowsTheGamesThatRunEachInASessionOfItsOwn) {
     EXPECT_EQ(::getsid(game), game);
     endGames();
     EXPECT_EQ(::kill(game, 0), -1) << "nothing stays behind, no zombie either";
+}
+
+TEST_F(ProcessesTest, AGameThatEndsIsReapedWithoutBeingAskedFor) {
+    putProgram("Quake III Arena/short.exe", "#!/bin/sh\nexit 3\n");
+    processes.start("short.exe", scratch.path("Quake III Arena"));
+    EXPECT_TRUE(comesTrue([] {
+        QCoreApplication::processEvents();
+        siginfo_t info{};
+        return ::waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == -1 && errno == ECHILD;
+    }));
+    EXPECT_FALSE(processes.gameRuns());
 }
 
 TEST_F(ProcessesTest, WindowsProgramsGoThroughWine) {

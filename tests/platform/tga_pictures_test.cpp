@@ -83,6 +83,17 @@ TEST(TgaTest, RefusesWhatIsNoSuchPicture) {
         expectFailure([&] { decodeTga(whole.substr(0, size)); }, "the picture's data end too early");
 }
 
+TEST(PicturesTest, DrawsAnSvgOnWhiteAndNothingElse) {
+    QtPictures pictures;
+    const std::string head = "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 10 5'>";
+    const QImage drawn = QImage::fromData(
+        QByteArray::fromStdString(pictures.png(head + "<rect width='5' height='5' fill='#00f'/></svg>", 40)), "png");
+    EXPECT_TRUE(drawn.size() == QSize(40, 20) && drawn.pixel(5, 5) == 0xFF0000FF && drawn.pixel(35, 5) == 0xFFFFFFFF);
+    for (const std::string& none : {std::string(), std::string("no drawing"), head,
+                                    std::string("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 1 9000'/>")})
+        EXPECT_THROW(pictures.png(none, 40), RuntimeFailure) << none;
+}
+
 TEST(PicturesTest, OpensItsOwnFormatsAlone) {
     const testing::ScratchFolder scratch;
     QtPictures pictures;

@@ -99,6 +99,16 @@ TEST_F(DialogsTest, ShowsABoxAsPlainTextAndTellsTheButton) {
     }
 }
 
+TEST_F(DialogsTest, AFurtherButtonHasAnAnswerOfItsOwn) {
+    const MessageBox box{.title = "Run", .text = "?", .buttons = Buttons::YesNo, .other = "&Compare..."};
+    for (const auto& [name, answer] : {std::pair("other", Answer::Other), {"no", Answer::No}}) {
+        whenShown<QMessageBox>([name = name](QMessageBox& shownBox) {
+            shownBox.findChild<QAbstractButton*>(name)->click();
+        });
+        EXPECT_EQ(dialogs.show(box), answer) << name;
+    }
+}
+
 TEST_F(DialogsTest, WithoutADisplayBoxesArePrintedAndAnsweredSafely) {
     for (const auto& [buttons, safe, answer] : {std::tuple(Buttons::Ok, Answer::No, Answer::Ok),
                                                 {Buttons::YesNo, Answer::Yes, Answer::Yes},

@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -98,6 +99,18 @@ QLabel* makeText(const QString& name, Observable<std::string>& text) {
     return label;
 }
 
+/// As many lines as there are demos, to be scrolled and copied.
+QPlainTextEdit* makeVerdict(Observable<std::string>& verdict) {
+    auto* text = new QPlainTextEdit;
+    text->setObjectName("verdict");
+    text->setAccessibleName(QObject::tr("Verdict"));
+    text->setReadOnly(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    text->setTabChangesFocus(true);
+    follow(text, verdict, [text](const std::string& now) { text->setPlainText(shown(now)); });
+    return text;
+}
+
 void addList(QBoxLayout& row, ListField& field) {
     auto* list = new QComboBox;
     bind(*list, field);
@@ -177,9 +190,7 @@ QWidget* ResultsDialog::makeComparison() {
     column->addLayout(row);
     auto* sides = new QHBoxLayout;
     sides->setSpacing(kGap);
-    QLabel* verdict = makeText("verdict", form_.verdict);
-    verdict->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    sides->addWidget(verdict, 1);
+    sides->addWidget(makeVerdict(form_.verdict), 1);
     sides->addWidget(makeDifferences(form_.differences), 1);
     column->addLayout(sides, 1);
     return pane;

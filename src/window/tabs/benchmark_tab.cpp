@@ -127,7 +127,10 @@ QWidget* makeSettings(OptionsForm& options) {
 QWidget* makeProgress(BenchmarkRun& run) {
     auto* line = new ElidedLabel(Qt::ElideMiddle);
     line->setObjectName("benchprogress");
-    follow(line, run.progress, [line](const std::string& text) { line->setText(shown(text)); });
+    follow(line, run.progress, [line](const std::string& text) {
+        line->setText(shown(text));
+        line->setVisible(!text.empty());
+    });
     return line;
 }
 
@@ -136,10 +139,6 @@ QWidget* makeProgress(BenchmarkRun& run) {
 QWidget* makeBenchmarkTab(Gatehouse& program) {
     BenchmarkSetup& setup = program.benchmark.setup;
     auto* tab = new QWidget;
-    auto* top = new QHBoxLayout;
-    top->addWidget(makeButtons(program));
-    top->addSpacing(kGap);
-    top->addWidget(makeProgress(program.benchmark.run), 1);
     auto* lists = new QHBoxLayout;
     lists->setSpacing(kGap);
     lists->addWidget(makeList(setup.configlist, setup.cfglabel, setup, "configlist", QObject::tr("Documents"),
@@ -149,7 +148,8 @@ QWidget* makeBenchmarkTab(Gatehouse& program) {
     auto* column = new QVBoxLayout(tab);
     column->setContentsMargins({});
     column->setSpacing(kGap);
-    column->addLayout(top);
+    column->addWidget(makeButtons(program));
+    column->addWidget(makeProgress(program.benchmark.run));
     column->addLayout(lists, 1);
     column->addWidget(makeSettings(program.startup.options));
     return tab;

@@ -246,14 +246,19 @@ void ChartView::paintRow(QPainter& painter, const ChartRow& row) const {
     painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter, shown(row.label));
     painter.setPen(inkColour(Ink::Grey));
     painter.drawText(label.translated(0, chart_.line), Qt::AlignLeft | Qt::AlignVCenter, shown(row.demo));
+    QRectF bar;
     if (row.interval) {
-        QColor bar = colours.color(QPalette::Highlight);
-        bar.setAlphaF(0.35F);
-        painter.fillRect(QRectF(row.interval->first, middle - chart_.line * 0.3,
-                                std::max(1.0, row.interval->second - row.interval->first), chart_.line * 0.6),
-                         bar);
+        bar = QRectF(row.interval->first, middle - chart_.line * 0.3,
+                     std::max(1.0, row.interval->second - row.interval->first), chart_.line * 0.6);
+        QColor ground = colours.color(QPalette::Highlight);
+        ground.setAlphaF(0.35F);
+        painter.fillRect(bar, ground);
     }
     for (std::size_t i = row.firstDot; i < row.firstDot + row.dots; ++i) paintDot(painter, chart_.dots[i], false);
+    // Many dots hide the bar, but not its outline.
+    painter.setPen(colours.color(QPalette::Text));
+    painter.setBrush(Qt::NoBrush);
+    if (row.interval) painter.drawRect(bar);
     if (!row.median) return;
     painter.setPen(QPen(colours.color(QPalette::Text), 2));
     painter.drawLine(QPointF(*row.median, middle - chart_.line), QPointF(*row.median, middle + chart_.line));
