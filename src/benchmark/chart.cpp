@@ -55,9 +55,12 @@ Scale scaleOf(const std::vector<ResultRow>& rows, double ticks) {
     return {std::max(0.0, std::floor(least / step) * step), std::ceil(most / step) * step, step};
 }
 
+/// Records are UTF-8: no letter is cut in two.
 std::string cutTo(const std::string& text, std::size_t letters) {
     if (text.size() <= letters) return text;
-    return text.substr(0, letters > 3 ? letters - 3 : 0) + "...";
+    std::size_t end = letters > 3 ? letters - 3 : 0;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+    return text.substr(0, end) + "...";
 }
 
 ChartDot::Kind kindOf(const ResultRow& row, std::size_t iteration) {

@@ -167,6 +167,13 @@ TEST(Charts, KeepEveryDotInsideItsRowAndTheScaleRound) {
     EXPECT_EQ(chart.dotBeside(0, -1), 0U);
     EXPECT_EQ(dotText(rows, chart.dots[1]), "a,\"b\".ghc, <demo>, iteration 2: 51.10 frames per second");
     EXPECT_NE(chartSvg(rows, chart, "x").find("&lt;demo&gt;, iteration 3: stale, not counted"), std::string::npos);
+    RunRecord named = sample();
+    for (std::size_t letters = 30; letters < 34; ++letters) {
+        named.configurations[0].name =
+            std::string(letters, 'x') + "\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9";
+        const std::string label = layOut(resultRows({named}), paper).rows[0].label;
+        EXPECT_TRUE(label.ends_with("...") && label[label.size() - 4] != '\xC3') << "half a letter: " << label;
+    }
     for (const std::vector<double>& figures : {std::vector<double>{}, {0}, {0, 0}, {50}, {50, 50, 50}, {1e12, 1}}) {
         RunRecord record = sample();
         record.iterations.clear();
