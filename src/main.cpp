@@ -10,6 +10,7 @@
 #include "platform/qt/qt_machine.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_processes.h"
+#include "platform/qt/qt_resources.h"
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/qt_udp_socket.h"
 #include "platform/qt/qt_viewers.h"
@@ -18,6 +19,7 @@
 #include "platform/random.h"
 #include "platform/x11/x11_windows.h"
 #include "startup/gatehouse.h"
+#include "window/help_desk.h"
 #include "window/main_window.h"
 #include "window/scan_window.h"
 #include "window/splash_window.h"
@@ -89,18 +91,21 @@ int main(int argc, char** argv) {
     QtUdpSocket socket(events);
     QtViewers viewers(interactive);
     Random random;
-    const Services services{files,     settings, events,   clock,    dialogs, clipboard, windows,
-                            processes, machine,  archives, pictures, socket,  viewers,   random};
+    const QtResources resources;
+    const Services services{files,   settings, events,   clock,  dialogs, clipboard, windows,  processes,
+                            machine, archives, pictures, socket, viewers, random,    resources};
 
     Gatehouse program(services, programFolder);
     // Nobody looks at a splash that is drawn into memory.
     std::optional<HintColour> hintColour;
     std::optional<SplashWindow> splash;
     std::vector<std::unique_ptr<ScanWindow>> scanWindows;
+    std::optional<HelpDesk> helpDesk;
     if (interactive) {
         QApplication::setWindowIcon(icon("gatehouse"));
         hintColour.emplace();
         splash.emplace(program.startup.splash, program.run);
+        helpDesk.emplace(program.rules.help);
         for (ScanView* view : {&program.content.mapScan.view, &program.content.modelScan.view})
             scanWindows.push_back(std::make_unique<ScanWindow>(*view, 0));
         scanWindows.push_back(std::make_unique<ScanWindow>(program.mods.discovery.q3getmods, kModScanDelay));

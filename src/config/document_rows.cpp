@@ -18,31 +18,36 @@ using Words = std::vector<std::string>;
 // Texts.
 
 RowForm text(TextField& field) {
-    return {[&field]() -> Text { return field.text(); }, [&field](const std::string& value) { field.setText(value); }};
+    return {[&field]() -> Text { return field.text(); },
+            [&field](const std::string& value) { field.setText(value); },
+            {&field}};
 }
 
 RowForm trimmedWhenWritten(TextField& field) {
-    return {[&field]() -> Text { return trim(field.text()); }, text(field).take};
+    return {[&field]() -> Text { return trim(field.text()); }, text(field).take, {&field}};
 }
 
 RowForm trimmed(TextField& field) {
-    return {trimmedWhenWritten(field).text, [&field](const std::string& value) { field.setText(trim(value)); }};
+    return {
+        trimmedWhenWritten(field).text, [&field](const std::string& value) { field.setText(trim(value)); }, {&field}};
 }
 
 // Checks and numbers.
 
 RowForm strict(CheckField& field) {
     return {[&field]() -> Text { return std::to_string(field.value()); },
-            [&field](const std::string& value) { field.setValue(strictInt16(value)); }};
+            [&field](const std::string& value) { field.setValue(strictInt16(value)); },
+            {&field}};
 }
 
 RowForm strict(NumberField& field) {
     return {[&field]() -> Text { return std::to_string(field.value()); },
-            [&field](const std::string& value) { field.setValue(strictInt16(value)); }};
+            [&field](const std::string& value) { field.setValue(strictInt16(value)); },
+            {&field}};
 }
 
 RowForm byVal(CheckField& field) {
-    return {strict(field).text, [&field](const std::string& value) { field.setValue(valInt16(value)); }};
+    return {strict(field).text, [&field](const std::string& value) { field.setValue(valInt16(value)); }, {&field}};
 }
 
 /// Off clears the check; on sets it, and so does any other text when `elseOn`.
@@ -53,15 +58,16 @@ RowForm words(CheckField& field, std::string_view off, std::string_view on, bool
                     field.setValue(0);
                 else if (elseOn || value == on)
                     field.setValue(1);
-            }};
+            },
+            {&field}};
 }
 
 /// Written as 0 or 1, read as a number of bits: neither 0 nor 1 is 16, so what was saved always comes back set.
-RowForm depthBits(CheckField& field) { return {strict(field).text, words(field, "16", "", true).take}; }
+RowForm depthBits(CheckField& field) { return {strict(field).text, words(field, "16", "", true).take, {&field}}; }
 
 /// Written from the pure server's check, read into its own.
 RowForm allowDownload(const CheckField& pure, CheckField& download) {
-    return {[&pure]() -> Text { return std::to_string(pure.value()); }, strict(download).take};
+    return {[&pure]() -> Text { return std::to_string(pure.value()); }, strict(download).take, {&download}};
 }
 
 // Sliders.
@@ -74,25 +80,29 @@ void slide(SliderField& field, double position) {
 
 RowForm position(SliderField& field) {
     return {[&field]() -> Text { return std::to_string(field.position()); },
-            [&field](const std::string& value) { slide(field, val(value)); }};
+            [&field](const std::string& value) { slide(field, val(value)); },
+            {&field}};
 }
 
 RowForm hundredths(SliderField& field) {
     return {[&field]() -> Text { return hundredthsAsTenths(field.position()); },
-            [&field](const std::string& value) { slide(field, val(value) * 100); }};
+            [&field](const std::string& value) { slide(field, val(value) * 100); },
+            {&field}};
 }
 
 RowForm countedFromMaximum(SliderField& field) {
     const int maximum = field.range()->max;
     return {[&field, maximum]() -> Text { return std::to_string(maximum - field.position()); },
-            [&field, maximum](const std::string& value) { slide(field, maximum - val(value)); }};
+            [&field, maximum](const std::string& value) { slide(field, maximum - val(value)); },
+            {&field}};
 }
 
 // Lists.
 
 RowForm index(ListField& field, Log& log) {
     return {[&field]() -> Text { return std::to_string(field.index()); },
-            [&field, &log](const std::string& value) { selectEntry(field, val(value), log); }};
+            [&field, &log](const std::string& value) { selectEntry(field, val(value), log); },
+            {&field}};
 }
 
 /// One word for each entry; an entry without one writes no line.
@@ -106,7 +116,8 @@ RowForm wordList(ListField& field, const Words& entries) {
             [&field, entries](const std::string& value) {
                 const auto at = std::find(entries.begin(), entries.end(), value);
                 if (at != entries.end()) field.setIndex(static_cast<int>(at - entries.begin()));
-            }};
+            },
+            {&field}};
 }
 
 /// The same, but read as a number: "16 bits" is 16.
@@ -116,11 +127,14 @@ RowForm numberList(ListField& field, const Words& entries) {
                 const auto at = std::find_if(entries.begin(), entries.end(),
                                              [&value](const std::string& entry) { return val(entry) == val(value); });
                 if (at != entries.end()) field.setIndex(static_cast<int>(at - entries.begin()));
-            }};
+            },
+            {&field}};
 }
 
 /// Written as any index, read as one of the two words.
-RowForm lighting(ListField& field, Log& log) { return {index(field, log).text, wordList(field, {"0", "1"}).take}; }
+RowForm lighting(ListField& field, Log& log) {
+    return {index(field, log).text, wordList(field, {"0", "1"}).take, {&field}};
+}
 
 /// The number kept with the selected entry; a list without one writes no line.
 RowForm gameType(ListField& field) {
@@ -131,7 +145,8 @@ RowForm gameType(ListField& field) {
                     return double(one.data) == wanted;
                 });
                 if (at != choices.end()) field.setIndex(static_cast<int>(at - choices.begin()));
-            }};
+            },
+            {&field}};
 }
 
 // The exceptions.
@@ -144,7 +159,8 @@ RowForm model(DocumentHost& host) {
 RowForm crosshair(LabelField& field) {
     const auto number = [](const std::string& value) { return shortestDecimal(val(value)); };
     return {[&field, number]() -> Text { return number(field.text()); },
-            [&field, number](const std::string& value) { field.setText(number(value)); }};
+            [&field, number](const std::string& value) { field.setText(number(value)); },
+            {&field}};
 }
 
 RowForm sex(CheckField& male, CheckField& female) {
@@ -152,7 +168,8 @@ RowForm sex(CheckField& male, CheckField& female) {
             [&male, &female](const std::string& value) {
                 if (equalNoCase(value, "male")) male.setValue(1);
                 if (equalNoCase(value, "female")) female.setValue(1);
-            }};
+            },
+            {&male, &female}};
 }
 
 RowForm password(CheckField& use, TextField& pass) {
@@ -163,11 +180,13 @@ RowForm password(CheckField& use, TextField& pass) {
                 const bool any = !trim(value).empty();
                 use.setValue(any ? 1 : 0);
                 pass.enabled.set(any);
-            }};
+            },
+            {&use, &pass}};
 }
 
 RowForm randomBots(SettingsDocument& doc, CommandFlags& flags) {
-    return {strict(doc.q3randbots).text, [&doc, &flags](const std::string& value) {
+    return {strict(doc.q3randbots).text,
+            [&doc, &flags](const std::string& value) {
                 doc.q3randbots.setValue(valInt16(value));
                 const bool random = doc.q3randbots.value() == 1;
                 doc.q3randskill.enabled.set(random);
@@ -175,7 +194,8 @@ RowForm randomBots(SettingsDocument& doc, CommandFlags& flags) {
                 flags.q3botlist.set(!random);
                 flags.q3botadd.set(!random);
                 flags.q3botdel.set(!random);
-            }};
+            },
+            {&doc.q3randbots}};
 }
 
 RowForm constant(std::string_view word) {

@@ -19,6 +19,8 @@ struct RowForm {
     std::function<std::optional<std::string>()> text;
     /// Takes a text that was read. Fails for a strict value that is no number.
     std::function<void(const std::string&)> take;
+    /// What a person sees of it; empty for a line that no field stands for.
+    std::vector<const Field*> fields = {};
 };
 
 /// One line of the document.

@@ -13,6 +13,7 @@ class Machine;
 class Pictures;
 class Processes;
 class Random;
+class Resources;
 class SettingsStore;
 class UdpSocket;
 class Viewers;
@@ -33,6 +34,7 @@ struct Services {
     UdpSocket& socket;
     Viewers& viewers;
     Random& random;
+    const Resources& resources;
 };
 
 }  // namespace gatehouse

@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/file_tools.h"
+#include "platform/resources.h"
 
 #include <algorithm>
 #include <array>
@@ -37,7 +38,7 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
              {config.doc, mods.table, *this, mods.aliases, servers.iplist, startup.options.q3runoptions,
               startup.options.extracmdline}),
       benchmark(startup.ground, services, {startup.options, config.documents, launch.gameConfig, startup.q3.q3status}),
-      rules(startup, services, config, mods, content, servers),
+      rules(startup, services, config, mods, content, servers, [this] { return fieldGroups(); }),
       rescue(startup.ground, services.clock, rescueKinds()),
       update_(startup.ground, content) {
     tieRooms();
@@ -74,6 +75,18 @@ std::array<Room*, 8> Gatehouse::rooms() const {
             &self.mods,    &self.launch, &self.benchmark, &self.rules};
 }
 
+std::vector<const FieldGroup*> Gatehouse::fieldGroups() const {
+    std::vector<const FieldGroup*> all;
+    for (const FieldGroup* group : const_cast<SettingsDocument&>(config.doc).groups())
+        if (group != &config.doc.limits) all.push_back(group);
+    for (const FieldGroup* group : {&startup.options.options, &startup.options.benchmark, &rules.botsRules.newbot,
+                                    &servers.addressForm.group, &benchmark.results.fields})
+        all.push_back(group);
+    return all;
+}
+
+std::string Gatehouse::licence() const { return services_.resources.text("LICENSE"); }
+
 std::vector<Form*> Gatehouse::forms() const {
     std::vector<Form*> all;
     for (const Room* room : rooms()) all.insert(all.end(), room->forms().begin(), room->forms().end());
@@ -92,6 +105,7 @@ void Gatehouse::q3_Activate() {
     servers.commands.SortColumn = kPingColumn;
     if (config.doc.q3botlist.empty()) flags.q3botdel.set(false);
     if (!config.doc.maplist.empty()) config.doc.maplist.setCurrent(1);
+    if (run.FirstRun) mhelpover_Click();
 }
 
 void Gatehouse::closeAllWindows() {

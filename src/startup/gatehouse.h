@@ -50,8 +50,12 @@ public:
     void mtoolsreset_Click() { rules.tabReset.mtoolsreset_Click(); }
     void mtoolsoptions_Click() { rules.optionsRules.mtoolsoptions_Click(); }
     void mtoolsresults_Click() { benchmark.results.mtoolsresults_Click(); }
+    void mhelpcontents_Click() { rules.help.mhelpcontents_Click(); }
+    void mhelpover_Click() { rules.help.mhelpover_Click(); }
     void mhelpabout_Click() { rules.mhelpabout_Click(); }
 
+    /// The licence of this program.
+    std::string licence() const;
     /// All forms that come up over the main window.
     std::vector<Form*> forms() const;
 
@@ -113,6 +117,8 @@ private:
     bool loadChosenDocument();
     void showMainWindow();
 
+    /// All groups of fields that a person sees.
+    std::vector<const FieldGroup*> fieldGroups() const;
     /// In the order in which they are put back.
     std::array<Room*, 8> rooms() const;
     void tieRooms();

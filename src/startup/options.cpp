@@ -77,6 +77,16 @@ void OptionKeeper::storeFirstRun(const std::string& exepath) {
     store_.setOptions(values);
 }
 
+std::optional<std::string> OptionKeeper::firstRunText(const Field& field) const {
+    for (const Row& row : rows()) {
+        if (row.field != &field) continue;
+        const auto* list = dynamic_cast<const ListField*>(&field);
+        if (!row.storedOnChange) return std::string();  // the place of the game, or of the program
+        return list ? list->choices().at(static_cast<std::size_t>(strictInt16(row.firstRun))).text : row.firstRun;
+    }
+    return std::nullopt;
+}
+
 void OptionKeeper::keepChanges() {
     keeping_ = true;
     if (std::exchange(kept_, true)) return;

@@ -5,6 +5,7 @@
 #include "base/options.h"
 #include "base/run_state.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,9 +40,23 @@ struct OptionsForm {
     TextField q3keeplogs{options, {.name = "q3keeplogs", .caption = "Logs to keep:"}, "", Range{1, 100, 1}};
 
     FieldGroup benchmark{"benchmark"};
-    ListField q3staleaction{benchmark, {.name = "q3staleaction", .caption = "Stale action:"}, {"Retry.", "Next."}};
-    TextField q3bwait{benchmark, {.name = "q3bwait", .caption = "Stale time (mins):"}, "5", Range{1, 30, 1}};
-    TextField democount{benchmark, {.name = "democount", .caption = "Iterations:"}, "3", Range{1, 30, 1}};
+    ListField q3staleaction{benchmark,
+                            {.name = "q3staleaction",
+                             .caption = "Stale action:",
+                             .hint = "What is done about an iteration that came to nothing, if nobody says otherwise."},
+                            {"Retry.", "Next."}};
+    TextField q3bwait{benchmark,
+                      {.name = "q3bwait",
+                       .caption = "Stale time (mins):",
+                       .hint = "How long the game may take for a demo before it counts as hung."},
+                      "5",
+                      Range{1, 30, 1}};
+    TextField democount{benchmark,
+                        {.name = "democount",
+                         .caption = "Iterations:",
+                         .hint = "How often each document plays each demo. Once is a rumour, ten times is a figure."},
+                        "3",
+                        Range{1, 30, 1}};
 
 private:
     static constexpr std::string_view kFolderHint =
@@ -58,6 +73,8 @@ public:
     void read();
     /// Stores the first full set of options, for a game at this path.
     void storeFirstRun(const std::string& exepath);
+    /// The value that a first run stores for a field, as a person sees it; nothing for a field that is no option.
+    std::optional<std::string> firstRunText(const Field& field) const;
     /// From now on every change is stored and logged.
     void keepChanges();
     /// Puts the form back to what it is before any option is read; nothing is stored.

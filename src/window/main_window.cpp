@@ -4,10 +4,13 @@
 #include "startup/gatehouse.h"
 #include "window/form_views.h"
 #include "window/preview_window.h"
+#include "window/rules/commands.h"
 #include "window/tabs/benchmark_tab.h"
+#include "window/tabs/help_tab.h"
 #include "window/tabs/settings_tabs.h"
 #include "window/tabs/table_tabs.h"
 #include "window/widgets/binders.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/console_panel.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/follow.h"
@@ -17,17 +20,21 @@
 #include "window/widgets/twips.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QScreen>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTime>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <QWhatsThis>
 
+#include <algorithm>
 #include <utility>
 
 namespace gatehouse {
@@ -44,7 +51,7 @@ void nameStep(QAction& action, const QString& command, const std::string& name) 
     action.setText((command + ' ' + shown(name).replace('&', "&&")).trimmed());
 }
 
-/// What a frame holds; nothing for a tab that is still to come.
+/// What a frame holds.
 QWidget* makeTabContent(Frame frame, Gatehouse& program) {
     SettingsDocument& doc = program.config.doc;
     switch (frame) {
@@ -66,6 +73,8 @@ QWidget* makeTabContent(Frame frame, Gatehouse& program) {
         case kTweak2Frame: return makeSettingsTab(doc.tweak2);
         case kBenchmarkFrame:
             return makeBenchmarkTab(program);
+        case kHelpFrame:
+            return makeHelpTab(program.rules.hwin, program.rules.help);
         default: return nullptr;
     }
 }
@@ -82,81 +91,63 @@ MainWindow::MainWindow(Gatehouse& program) : program_(program) {
     followProgram();
 }
 
-QAction* MainWindow::makeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys) {
-    auto* action = new QAction(text, this);
-    action->setObjectName(name);
-    action->setShortcuts(keys);
+QAction* MainWindow::makeAction(std::string_view name, std::function<void()> command, Observable<bool>* flag) {
+    auto* action = new QAction(this);
+    describe(*action, commandInfo(name));
+    flag ? bindCommand(*action, *flag, std::move(command)) : bindCommand(*action, std::move(command));
     return action;
 }
 
 void MainWindow::makeActions() {
-    mfileopen_ = makeAction("mfileopen", tr("&Open..."), {QKeySequence(Qt::CTRL | Qt::Key_O)});
-    mfileopen_->setIcon(icon("open"));
-    mfileopen_->setToolTip(tr("Open a settings document (Ctrl+O)"));
-    bindCommand(*mfileopen_, program_.flags.mfileopen, [this] { program_.mfileopen_Click(); });
-
-    mfilesave_ = makeAction("mfilesave", tr("&Save..."), {QKeySequence(Qt::CTRL | Qt::Key_S)});
-    mfilesave_->setIcon(icon("save"));
-    mfilesave_->setToolTip(tr("Save the settings (Ctrl+S)"));
-    bindCommand(*mfilesave_, [this] { program_.mfilesave_Click(); });
-
-    mfilerun_ = makeAction("mfilerun", tr("&Run"), {QKeySequence(Qt::CTRL | Qt::Key_R), QKeySequence(Qt::Key_F5)});
-    mfilerun_->setIcon(icon("run"));
-    mfilerun_->setToolTip(tr("Start the game with these settings (Ctrl+R)"));
-    bindCommand(*mfilerun_, program_.flags.mfilerun, [this] { program_.mfilerun_Click(); });
-
-    mfileexit_ = makeAction("mfileexit", tr("E&xit"), {QKeySequence(Qt::CTRL | Qt::Key_Q)});
-    mfileexit_->setMenuRole(QAction::QuitRole);
-    bindCommand(*mfileexit_, [this] { program_.mfileexit_Click(); });
+    CommandFlags& flags = program_.flags;
+    makeAction(
+        "mfileopen", [this] { program_.mfileopen_Click(); }, &flags.mfileopen);
+    makeAction("mfilesave", [this] { program_.mfilesave_Click(); });
+    makeAction(
+        "mfilerun", [this] { program_.mfilerun_Click(); }, &flags.mfilerun);
+    makeAction("mfileexit", [this] { program_.mfileexit_Click(); })->setMenuRole(QAction::QuitRole);
 
     EditHistory& history = program_.config.history;
-    meditundo_ = makeAction("meditundo", {}, {QKeySequence(Qt::CTRL | Qt::Key_Z)});
-    meditundo_->setIcon(icon("undo"));
-    bindCommand(*meditundo_, history.canUndo, [this] { program_.meditundo_Click(); });
-    follow(meditundo_, history.undoName, [this](const std::string& name) { nameStep(*meditundo_, tr("&Undo"), name); });
+    QAction* undo = makeAction(
+        "meditundo", [this] { program_.meditundo_Click(); }, &history.canUndo);
+    follow(undo, history.undoName, [undo](const std::string& name) { nameStep(*undo, tr("&Undo"), name); });
+    QAction* redo = makeAction(
+        "meditredo", [this] { program_.meditredo_Click(); }, &history.canRedo);
+    follow(redo, history.redoName, [redo](const std::string& name) { nameStep(*redo, tr("&Redo"), name); });
 
-    meditredo_ = makeAction("meditredo", {},
-                            {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
-    meditredo_->setIcon(icon("redo"));
-    bindCommand(*meditredo_, history.canRedo, [this] { program_.meditredo_Click(); });
-    follow(meditredo_, history.redoName, [this](const std::string& name) { nameStep(*meditredo_, tr("&Redo"), name); });
+    auto* console = new QAction(this);
+    describe(*console, commandInfo("mtoolsconsole"));
+    bindSwitch(*console, program_.run.ShowConsole, [this] { program_.mtoolsconsole_Click(); });
+    makeAction(
+        "mtoolsresults", [this] { program_.mtoolsresults_Click(); }, &flags.mtoolsresults);
+    makeAction(
+        "mtoolsreset", [this] { program_.mtoolsreset_Click(); }, &flags.mtoolsreset);
+    makeAction("mtoolsoptions", [this] { program_.mtoolsoptions_Click(); })->setMenuRole(QAction::PreferencesRole);
 
-    mtoolsconsole_ = makeAction("mtoolsconsole", tr("&Console"), {QKeySequence(Qt::Key_F12)});
-    bindSwitch(*mtoolsconsole_, program_.run.ShowConsole, [this] { program_.mtoolsconsole_Click(); });
+    makeAction("mhelpcontents", [this] { program_.mhelpcontents_Click(); });
+    makeAction("mhelpwhat", [] { QWhatsThis::enterWhatsThisMode(); });
+    makeAction("mhelpover", [this] { program_.mhelpover_Click(); });
+    makeAction("mhelpabout", [this] { program_.mhelpabout_Click(); })->setMenuRole(QAction::AboutRole);
+}
 
-    mtoolsreset_ = makeAction("mtoolsreset", tr("&Reset Tabs..."), {});
-    mtoolsreset_->setIcon(icon("reset"));
-    mtoolsreset_->setToolTip(tr("Put the settings of this tab, or of all tabs, back to what they were at first"));
-    bindCommand(*mtoolsreset_, program_.flags.mtoolsreset, [this] { program_.mtoolsreset_Click(); });
-
-    mtoolsresults_ = makeAction("mtoolsresults", tr("&Benchmark Results..."), {});
-    mtoolsresults_->setIcon(icon("results"));
-    bindCommand(*mtoolsresults_, program_.flags.mtoolsresults, [this] { program_.mtoolsresults_Click(); });
-
-    mtoolsoptions_ = makeAction("mtoolsoptions", tr("&Options..."), {});
-    mtoolsoptions_->setIcon(icon("options"));
-    mtoolsoptions_->setMenuRole(QAction::PreferencesRole);
-    mtoolsoptions_->setToolTip(tr("Options of the program itself"));
-    bindCommand(*mtoolsoptions_, [this] { program_.mtoolsoptions_Click(); });
-
-    mhelpabout_ = makeAction("mhelpabout", tr("&About..."), {});
-    mhelpabout_->setIcon(icon("about"));
-    mhelpabout_->setMenuRole(QAction::AboutRole);
-    bindCommand(*mhelpabout_, [this] { program_.mhelpabout_Click(); });
+QAction* MainWindow::actionOf(const CommandInfo& command) const {
+    return findChild<QAction*>(shown(command.objectName()), Qt::FindDirectChildrenOnly);
 }
 
 void MainWindow::makeMenus() {
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    file->addActions({mfileopen_, mfilesave_, mfilerun_});
-    file->addSeparator();
-    file->addAction(mfileexit_);
-    menuBar()->addMenu(tr("&Edit"))->addActions({meditundo_, meditredo_});
-    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
-    tools->addActions({mtoolsconsole_, mtoolsresults_});
-    tools->addSeparator();
-    tools->addActions({mtoolsreset_, mtoolsoptions_});
-    QMenu* help = menuBar()->addMenu(tr("&Help"));
-    help->addAction(mhelpabout_);
+    // A line parts these from those above them.
+    constexpr std::string_view kAfterLine[] = {"mfileexit", "mtoolsreset", "mhelpabout"};
+    for (const std::string_view name : kMenus) {
+        QMenu* menu = menuBar()->addMenu('&' + shown(name));
+        menu->setObjectName(shown(name));
+        menu->setToolTipsVisible(true);
+        for (const CommandInfo& command : commands()) {
+            if (command.place != name) continue;
+            if (std::find(std::begin(kAfterLine), std::end(kAfterLine), command.name) != std::end(kAfterLine))
+                menu->addSeparator();
+            menu->addAction(actionOf(command));
+        }
+    }
 }
 
 void MainWindow::makeToolBar() {
@@ -166,16 +157,13 @@ void MainWindow::makeToolBar() {
     bar->setIconSize({kToolIcon, kToolIcon});
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);  // its menu would offer to hide the bar for good
-    const auto addButton = [bar](QAction* action, const QString& key, const QString& text) {
-        action->setIconText(text);
+    for (const CommandInfo& command : commands()) {
+        if (command.button.empty()) continue;
+        QAction* action = actionOf(command);
+        action->setIconText(shown(command.button));
         bar->addAction(action);
-        bar->widgetForAction(action)->setObjectName(key);
-    };
-    addButton(mfileopen_, "Open", tr("Open"));
-    addButton(mfilesave_, "Save", tr("Save"));
-    addButton(mfilerun_, "Run", tr("Run"));
-    addButton(mtoolsreset_, "Reset", tr("Reset"));
-    addButton(mtoolsoptions_, "Options", tr("Options"));
+        bar->widgetForAction(action)->setObjectName(shown(command.button));
+    }
     addToolBar(bar);
     follow(bar, program_.flags.q3bar1, [bar](bool enabled) { bar->setEnabled(enabled); });
 }
@@ -221,11 +209,16 @@ QStackedWidget* MainWindow::makeFrames() {
         frame->setAccessibleName(shown(tab.caption));
         frames->addWidget(frame);
     }
-    follow(frames, program_.rules.modes.FrameShown, [this, frames](std::int16_t frame) {
+    ModeRules& modes = program_.rules.modes;
+    const auto show = [this, frames, &modes] {
+        const std::int16_t frame = modes.overviewShown.get() ? std::int16_t{kHelpFrame} : modes.FrameShown.get();
         if (frame >= 0) fillFrame(*frames->widget(frame), static_cast<Frame>(frame));
         frames->setCurrentIndex(frame);
-    });
-    listen(frames, program_.rules.modes.focusWanted, [frames](Frame frame) {
+    };
+    show();
+    listen(frames, modes.FrameShown.changed, show);
+    listen(frames, modes.overviewShown.changed, show);
+    listen(frames, modes.focusWanted, [frames](Frame frame) {
         if (auto* table = frames->widget(frame)->findChild<TableView*>()) table->setFocus(Qt::OtherFocusReason);
     });
     return frames;
@@ -279,7 +272,40 @@ void MainWindow::offerForm(Form& form) {
     });
 }
 
+void MainWindow::showControl(const std::string& name) {
+    QWidget* front = QApplication::activeModalWidget();
+    if (!front) front = this;
+    front->activateWindow();
+    QString object = shown(name);
+    for (const CommandInfo& command : commands())
+        if (command.name == name) object = shown(command.objectName());
+    if (auto* control = front->findChild<QWidget*>(object)) {
+        control->setFocus(Qt::ShortcutFocusReason);
+        for (QWidget* above = control->parentWidget(); above; above = above->parentWidget())
+            if (auto* room = qobject_cast<QScrollArea*>(above)) room->ensureWidgetVisible(control);
+        return;
+    }
+    for (QAction* action : front->findChildren<QAction*>(object)) showAction(*action);
+}
+
+void MainWindow::showAction(QAction& action) {
+    QMenu* menu = nullptr;
+    for (QObject* where : action.associatedObjects()) {
+        auto* button = qobject_cast<QToolButton*>(where);
+        if (button && button->isVisible()) return button->setFocus(Qt::ShortcutFocusReason);
+        if (auto* one = qobject_cast<QMenu*>(where)) menu = one;
+    }
+    if (!menu) return;
+    menuBar()->setActiveAction(menu->menuAction());
+    menu->setActiveAction(&action);
+}
+
 void MainWindow::followProgram() {
+    HelpRules& help = program_.rules.help;
+    listen(this, help.commandWanted, [this](const std::string& name) { actionOf(commandInfo(name))->trigger(); });
+    // Once what it stands in has come up.
+    listen(this, help.controlWanted,
+           [this](const std::string& name) { QTimer::singleShot(0, this, [this, name] { showControl(name); }); });
     follow(this, program_.run.title, [this](const std::string& title) { setWindowTitle(shownTitle(title)); });
     for (Form* form : program_.forms()) offerForm(*form);
     Preview& preview = program_.content.preview;

@@ -5,14 +5,18 @@
 
 #include <QMainWindow>
 
+#include <functional>
+#include <string>
+#include <string_view>
+
 class QAction;
-class QKeySequence;
 class QLabel;
 class QStackedWidget;
 
 namespace gatehouse {
 
 class Gatehouse;
+struct CommandInfo;
 
 /// The main window `q3`. It shows what the program holds and hands on what a person does; it decides nothing. Hidden
 /// and never destroyed before the program ends.
@@ -27,7 +31,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    QAction* makeAction(const QString& name, const QString& text, const QList<QKeySequence>& keys);
+    /// The action of a declared command; with a flag, it can be used while that holds.
+    QAction* makeAction(std::string_view name, std::function<void()> command, Observable<bool>* flag = nullptr);
+    QAction* actionOf(const CommandInfo& command) const;
     void makeActions();
     void makeMenus();
     void makeToolBar();
@@ -41,21 +47,13 @@ private:
     void followProgram();
     void resizeTo(int widthTwips, int heightTwips);
     void showClock();
+    /// Gives a control the keyboard, or shows the menu that a command is in.
+    void showControl(const std::string& name);
+    void showAction(QAction& action);
     /// Makes the view of a form when it is first wanted.
     void offerForm(Form& form);
 
     Gatehouse& program_;
-    QAction* mfileopen_;
-    QAction* mfilesave_;
-    QAction* mfilerun_;
-    QAction* mfileexit_;
-    QAction* meditundo_;
-    QAction* meditredo_;
-    QAction* mtoolsconsole_;
-    QAction* mtoolsresults_;
-    QAction* mtoolsreset_;
-    QAction* mtoolsoptions_;
-    QAction* mhelpabout_;
     QLabel* clock_ = nullptr;
     QSize asked_;  ///< the size last asked for, in pixels
 };

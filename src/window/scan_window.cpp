@@ -3,6 +3,7 @@
 #include "base/scan_view.h"
 #include "platform/qt/shown_text.h"
 #include "window/widgets/busy_sign.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/follow.h"
 
@@ -71,9 +72,7 @@ void ScanWindow::addProgress(QBoxLayout& column) {
     bar_->setAccessibleName(tr("Progress"));
     bar_->setRange(0, kBarSteps);
     bar_->setTextVisible(false);
-    stop_ = new QPushButton(tr("&Stop"), this);
-    stop_->setObjectName("scanstop");
-    stop_->setToolTip(tr("End the search and keep what was found (Esc)"));
+    stop_ = makeCommandButton("scanstop", this);
     stop_->setDefault(true);
     connect(stop_, &QPushButton::clicked, this, &ScanWindow::stop);
     auto* row = new QHBoxLayout;

@@ -104,7 +104,7 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
         for (const QAction* entry : menu->actions()) entries += entry->objectName();
     EXPECT_EQ(entries.join(' ').simplified(),
               "mfileopen mfilesave mfilerun mfileexit meditundo meditredo mtoolsconsole "
-              "mtoolsresults mtoolsreset mtoolsoptions mhelpabout");
+              "mtoolsresults mtoolsreset mtoolsoptions mhelpcontents mhelpwhat mhelpover mhelpabout");
     world.dialogs.choose(std::nullopt);
     find<QAction>("mfilesave").trigger();
     EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);

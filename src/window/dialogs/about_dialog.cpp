@@ -1,8 +1,11 @@
 #include "window/dialogs/about_dialog.h"
 
+#include "base/text.h"
 #include "platform/qt/native_paths.h"
 #include "platform/qt/shown_text.h"
 #include "startup/gatehouse.h"
+#include "window/rules/commands.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/icons.h"
 #include "window/widgets/link_button.h"
 
@@ -14,8 +17,6 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
-static void registerTexts() { Q_INIT_RESOURCE(icons); }
-
 namespace gatehouse {
 
 namespace {
@@ -26,19 +27,13 @@ constexpr int kLicenceLetters = 64;
 constexpr int kLicenceLines = 11;
 constexpr double kTitleSize = 1.8;  // times the usual font
 
-QString licenceText() {
-    registerTexts();
-    QFile file(":/texts/LICENSE");
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
-}
-
 }  // namespace
 
 AboutDialog::AboutDialog(Gatehouse& program, QWidget* parent)
     : FormDialog("q3about", program.rules.q3about, parent),
       program_(program),
-      licence_(new QPlainTextEdit(licenceText(), this)) {
-    setWindowTitle(tr("About Gatehouse"));
+      licence_(new QPlainTextEdit(shown(trim(program.licence())), this)) {
+    setWindowTitle(shownTitle(dialogInfo("q3about").title));
 
     auto* picture = new QLabel(this);
     picture->setObjectName("q3aboutpicture");
@@ -52,12 +47,16 @@ AboutDialog::AboutDialog(Gatehouse& program, QWidget* parent)
     texts->addWidget(makeText("q3purpose", tr("Settings and servers for Quake 3: Arena"), 1, false));
     auto* links = new QHBoxLayout;
     links->setSpacing(kGap);
-    QPushButton* folder = makeLink("Hlink1", tr("&Program folder"), tr("Opens the folder of this program's files"));
-    QPushButton* licence = makeLink("Hlink2", tr("&Licence"), tr("Shows under which terms this program may be used"));
-    connect(folder, &QPushButton::clicked, this, &AboutDialog::openProgramFolder);
-    connect(licence, &QPushButton::clicked, this, &AboutDialog::toggleLicence);
-    links->addWidget(folder);
-    links->addWidget(licence);
+    const std::pair<const char*, void (AboutDialog::*)()> kLinks[] = {
+        {"Hlink1", &AboutDialog::openHomePage},
+        {"Hlink2", &AboutDialog::toggleLicence},
+        {"q3aboutfolder", &AboutDialog::openProgramFolder}};
+    for (const auto& [name, follow] : kLinks) {
+        QPushButton* link = makeLinkButton(name, this);
+        describe(*link, commandInfo(name));
+        connect(link, &QPushButton::clicked, this, follow);
+        links->addWidget(link);
+    }
     links->addStretch(1);
     texts->addLayout(links);
 
@@ -74,8 +73,7 @@ AboutDialog::AboutDialog(Gatehouse& program, QWidget* parent)
                              kLicenceLines * fontMetrics().lineSpacing());
     licence_->hide();
 
-    auto* ok = new QPushButton(tr("OK"), this);
-    ok->setObjectName("q3aboutOK");
+    QPushButton* ok = makeCommandButton("q3aboutOK", this);
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &AboutDialog::reject);
 
@@ -100,15 +98,12 @@ QLabel* AboutDialog::makeText(const QString& name, const QString& text, double s
     return label;
 }
 
-QPushButton* AboutDialog::makeLink(const QString& name, const QString& text, const QString& hint) {
-    QPushButton* link = makeLinkButton(name, this);
-    link->setText(text);
-    link->setToolTip(hint);
-    link->setAccessibleDescription(hint);
-    return link;
-}
-
 void AboutDialog::reject() { program_.rules.q3aboutOK_Click(); }
+
+void AboutDialog::openHomePage() {
+    if (!QDesktopServices::openUrl(QUrl(GATEHOUSE_HOMEPAGE)))
+        program_.log.logEvent("Can't open the page " GATEHOUSE_HOMEPAGE, true);
+}
 
 void AboutDialog::openProgramFolder() {
     const std::string native = resolveExisting(program_.run.AppDir).value_or(toNativePath(program_.run.AppDir));

@@ -4,7 +4,6 @@
 
 class QLabel;
 class QPlainTextEdit;
-class QPushButton;
 
 namespace gatehouse {
 
@@ -22,7 +21,7 @@ public:
 
 private:
     QLabel* makeText(const QString& name, const QString& text, double size, bool bold);
-    QPushButton* makeLink(const QString& name, const QString& text, const QString& hint);
+    void openHomePage();
     void openProgramFolder();
     void toggleLicence();
 

@@ -1,7 +1,10 @@
 #include "window/dialogs/address_dialog.h"
 
+#include "platform/qt/shown_text.h"
 #include "servers/address_form.h"
+#include "window/rules/commands.h"
 #include "window/widgets/binders.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/field_grid.h"
 #include "window/widgets/follow.h"
 
@@ -20,7 +23,7 @@ constexpr int kLineLetters = 30;
 
 AddressDialog::AddressDialog(AddressForm& form, QWidget* parent)
     : FormDialog("q3newip", form.q3newip, parent), form_(form) {
-    setWindowTitle(tr("  New IP Address"));
+    setWindowTitle(shownTitle(dialogInfo("q3newip").title));
 
     auto* fields = new FieldGrid;
     for (TextField* field : {&form.ip1, &form.port, &form.q3pwd}) {
@@ -37,10 +40,10 @@ AddressDialog::AddressDialog(AddressForm& form, QWidget* parent)
 
     auto* buttons = new QDialogButtonBox(this);
     QPushButton* ok = buttons->addButton(QDialogButtonBox::Ok);
-    ok->setObjectName("newipOK");
+    describe(*ok, commandInfo("newipOK"));
     ok->setDefault(true);
     QPushButton* cancel = buttons->addButton(QDialogButtonBox::Cancel);
-    cancel->setObjectName("newipCancel");
+    describe(*cancel, commandInfo("newipCancel"));
     connect(ok, &QPushButton::clicked, this, [this] { form_.newipOK_Click(); });
     connect(cancel, &QPushButton::clicked, this, &AddressDialog::reject);
 

@@ -1,7 +1,9 @@
 #include "window/dialogs/mod_dialog.h"
 
 #include "platform/qt/shown_text.h"
+#include "window/rules/commands.h"
 #include "window/rules/mod_options.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/link_button.h"
 #include "window/widgets/spin_text.h"
@@ -87,8 +89,8 @@ ModDialog::ModDialog(ModOptions& rules, QWidget* parent)
       modemail_(makeLink("modemail")),
       modkeys_(new QLabel(this)),
       options_(new QScrollArea(this)),
-      modclose_(new QPushButton(tr("&Close"), this)) {
-    setWindowTitle(tr("Mod Options"));
+      modclose_(makeCommandButton("modclose", this)) {
+    setWindowTitle(shownTitle(dialogInfo("q3mod").title));
     modname_->setObjectName("modname");
     modname_->setTextFormat(Qt::PlainText);
     modname_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a long title runs
@@ -105,7 +107,6 @@ ModDialog::ModDialog(ModOptions& rules, QWidget* parent)
     options_->setFrameShape(QFrame::NoFrame);
     options_->setFocusPolicy(Qt::NoFocus);
     options_->setWidgetResizable(true);
-    modclose_->setObjectName("modclose");
     modclose_->setDefault(true);
     connect(modclose_, &QPushButton::clicked, this, [&rules] { rules.modclose_Click(); });
 

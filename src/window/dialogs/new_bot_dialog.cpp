@@ -1,7 +1,10 @@
 #include "window/dialogs/new_bot_dialog.h"
 
+#include "platform/qt/shown_text.h"
 #include "window/rules/bots_rules.h"
+#include "window/rules/commands.h"
 #include "window/widgets/binders.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/field_grid.h"
 #include "window/widgets/spin_text.h"
 
@@ -10,7 +13,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include <tuple>
+#include <utility>
 
 namespace gatehouse {
 
@@ -28,7 +31,7 @@ void addField(FieldGrid& grid, Field& field, QWidget& editor) {
 
 NewBotDialog::NewBotDialog(BotsRules& rules, QWidget* parent)
     : FormDialog("q3newbot", rules.q3newbot, parent), rules_(rules), name_(new QComboBox(this)) {
-    setWindowTitle(tr("Add Bot"));
+    setWindowTitle(shownTitle(dialogInfo("q3newbot").title));
     auto* grid = new FieldGrid;
     bind(*name_, rules.newbotname);
     addField(*grid, rules.newbotname, *name_);
@@ -41,11 +44,9 @@ NewBotDialog::NewBotDialog(BotsRules& rules, QWidget* parent)
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    for (const auto& [buttonName, text, command] :
-         {std::tuple{"newbotOK", tr("OK"), &BotsRules::newbotOK_Click},
-          std::tuple{"newbotcancel", tr("Cancel"), &BotsRules::newbotcancel_Click}}) {
-        auto* button = new QPushButton(text, this);
-        button->setObjectName(buttonName);
+    for (const auto& [buttonName, command] : {std::pair{"newbotOK", &BotsRules::newbotOK_Click},
+                                              std::pair{"newbotcancel", &BotsRules::newbotcancel_Click}}) {
+        QPushButton* button = makeCommandButton(buttonName, this);
         connect(button, &QPushButton::clicked, this, [&rules, run = command] { (rules.*run)(); });
         buttons->addWidget(button);
     }

@@ -2,8 +2,10 @@
 
 #include "platform/qt/shown_text.h"
 #include "startup/options.h"
+#include "window/rules/commands.h"
 #include "window/rules/options_rules.h"
 #include "window/widgets/binders.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/field_grid.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/spin_text.h"
@@ -29,7 +31,7 @@ constexpr int kClickMilliseconds = 10;
 
 OptionsDialog::OptionsDialog(OptionsForm& form, OptionsRules& rules, QWidget* parent)
     : FormDialog("q3options", rules.q3options, parent), form_(form), rules_(rules) {
-    setWindowTitle(tr("Options"));
+    setWindowTitle(shownTitle(dialogInfo("q3options").title));
     auto* column = new QVBoxLayout(this);
     column->setSpacing(2 * kSectionGap);
     column->addWidget(makeFields());
@@ -50,8 +52,7 @@ QWidget* OptionsDialog::makeFields() {
     grid->addHeading("Game");
     QLineEdit* path = makeLine(form_.q3FilePath);
     path->setReadOnly(true);  // only a file that was chosen is stored
-    grid->addField(form_.q3FilePath, *path,
-           makeButton("q3GetFile", tr("&Browse..."), tr("Choose the game's program"), &OptionsRules::q3GetFile_Click));
+    grid->addField(form_.q3FilePath, *path, makeButton("q3GetFile", &OptionsRules::q3GetFile_Click));
     grid->addField(form_.extracmdline, *makeLine(form_.extracmdline));
     grid->addField(form_.q3runoptions, *makeList(form_.q3runoptions));
     grid->addField(form_.q3pingwait, *makeSpin(form_.q3pingwait));
@@ -61,7 +62,7 @@ QWidget* OptionsDialog::makeFields() {
     ghcdir_->installEventFilter(this);
     // A button that is pressed by its shortcut leaves the focus in the line.
     connect(ghcdir_, &QLineEdit::textEdited, this, [this] { folderOpen_ = true; });
-    QPushButton* browse = makeButton("ghcdirBrowse", tr("Br&owse..."), tr("Choose the folder of the documents"));
+    QPushButton* browse = makeCommandButton("ghcdirBrowse", this);
     connect(browse, &QPushButton::clicked, this, &OptionsDialog::browseFolder);
     grid->addField(form_.ghcdir, *ghcdir_, browse);
     grid->addField(form_.q3startwith, *makeList(form_.q3startwith));
@@ -96,35 +97,21 @@ QWidget* OptionsDialog::makeList(ListField& field) {
 
 QBoxLayout* OptionsDialog::makeButtons() {
     auto* row = new QHBoxLayout;
-    row->addWidget(makeButton("editscripts", tr("View &Scripts"), tr("Shows the file of the script aliases"),
-                              &OptionsRules::editscripts_Click));
-    row->addWidget(makeButton("viewerr", tr("View &Errors"), tr("Shows the log of this run"),
-                              &OptionsRules::viewerr_Click));
+    row->addWidget(makeButton("editscripts", &OptionsRules::editscripts_Click));
+    row->addWidget(makeButton("viewerr", &OptionsRules::viewerr_Click));
     row->addSpacing(kSectionGap);
-    row->addWidget(makeButton("q3resetdefaults", tr("Reset &Defaults"),
-                              tr("Writes default.ghc anew, with the values that every setting has at first"),
-                              &OptionsRules::q3resetdefaults_Click));
-    row->addWidget(makeButton("unregister", tr("&Reset Registry"),
-                              tr("Takes all of these options away and ends the program"),
-                              &OptionsRules::unregister_Click));
+    row->addWidget(makeButton("q3resetdefaults", &OptionsRules::q3resetdefaults_Click));
+    row->addWidget(makeButton("unregister", &OptionsRules::unregister_Click));
     row->addStretch(1);
     row->addSpacing(kSectionGap);
-    QPushButton* ok = makeButton("optionsOK", tr("OK"), {}, &OptionsRules::optionsOK_Click);
+    QPushButton* ok = makeButton("optionsOK", &OptionsRules::optionsOK_Click);
     ok->setDefault(true);
     row->addWidget(ok);
     return row;
 }
 
-QPushButton* OptionsDialog::makeButton(const QString& name, const QString& text, const QString& hint) {
-    auto* button = new QPushButton(text, this);
-    button->setObjectName(name);
-    button->setToolTip(hint);
-    button->setAccessibleDescription(hint);
-    return button;
-}
-
-QPushButton* OptionsDialog::makeButton(const QString& name, const QString& text, const QString& hint, Command command) {
-    QPushButton* button = makeButton(name, text, hint);
+QPushButton* OptionsDialog::makeButton(std::string_view name, Command command) {
+    QPushButton* button = makeCommandButton(name, this);
     connect(button, &QPushButton::clicked, this, [this, command] { run(command); });
     return button;
 }

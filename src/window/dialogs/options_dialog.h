@@ -37,8 +37,7 @@ private:
     QWidget* makeSpin(TextField& field);
     QWidget* makeList(ListField& field);
     QBoxLayout* makeButtons();
-    QPushButton* makeButton(const QString& name, const QString& text, const QString& hint);
-    QPushButton* makeButton(const QString& name, const QString& text, const QString& hint, Command command);
+    QPushButton* makeButton(std::string_view name, Command command);
 
     /// Runs a command, once the folder is one.
     void run(Command command);

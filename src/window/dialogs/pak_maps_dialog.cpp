@@ -1,13 +1,16 @@
 #include "window/dialogs/pak_maps_dialog.h"
 
 #include "content/pak_maps_form.h"
+#include "platform/qt/shown_text.h"
+#include "window/rules/commands.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/table_view.h"
 
 #include <QBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
-#include <tuple>
+#include <utility>
 
 namespace gatehouse {
 
@@ -21,7 +24,7 @@ constexpr int kLines = 12;
 
 PakMapsDialog::PakMapsDialog(PakMapsForm& form, QWidget* parent)
     : FormDialog("q3pakmaps", form.q3pakmaps, parent), form_(form) {
-    setWindowTitle(tr("Maps in the Archive"));
+    setWindowTitle(shownTitle(dialogInfo("q3pakmaps").title));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(kGap, kGap, kGap, kGap);
     column->setSpacing(kGap);
@@ -50,10 +53,9 @@ void PakMapsDialog::addList(QBoxLayout& column) {
 QLayout* PakMapsDialog::makeButtons() {
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    for (const auto& [name, text, command] : {std::tuple{"pakOK", tr("OK"), &PakMapsForm::pakOK_Click},
-                                              std::tuple{"pakcancel", tr("Cancel"), &PakMapsForm::pakcancel_Click}}) {
-        auto* button = new QPushButton(text, this);
-        button->setObjectName(name);
+    for (const auto& [name, command] :
+         {std::pair{"pakOK", &PakMapsForm::pakOK_Click}, std::pair{"pakcancel", &PakMapsForm::pakcancel_Click}}) {
+        QPushButton* button = makeCommandButton(name, this);
         connect(button, &QPushButton::clicked, this, [&form = form_, run = command] { (form.*run)(); });
         buttons->addWidget(button);
     }

@@ -2,6 +2,7 @@
 
 #include "platform/qt/shown_text.h"
 #include "servers/players_form.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/table_view.h"
 
@@ -38,8 +39,7 @@ PlayersDialog::PlayersDialog(PlayersForm& form, QWidget* parent)
     : FormDialog("q3players", form.q3players, parent), form_(form) {
     follow(this, form.caption, [this](const std::string& caption) { setWindowTitle(shownTitle(caption)); });
 
-    auto* close = new QPushButton(tr("&Close"), this);
-    close->setObjectName("plistclose");
+    QPushButton* close = makeCommandButton("plistclose", this);
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &PlayersDialog::reject);
 

@@ -1,6 +1,9 @@
 #include "window/dialogs/reset_prompt.h"
 
+#include "platform/qt/shown_text.h"
+#include "window/rules/commands.h"
 #include "window/rules/tab_reset.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/icons.h"
 
 #include <QHBoxLayout>
@@ -18,7 +21,7 @@ constexpr int kGap = 16;
 
 ResetPrompt::ResetPrompt(TabReset& reset, QWidget* parent)
     : FormDialog("q3resetprompt", reset.q3resetprompt, parent), reset_(reset) {
-    setWindowTitle(tr("Reset Tab/Tabs"));
+    setWindowTitle(shownTitle(dialogInfo("q3resetprompt").title));
 
     auto* picture = new QLabel(this);
     picture->setPixmap(icon("reset").pixmap(QSize(kPictureSide, kPictureSide), devicePixelRatioF()));
@@ -30,9 +33,9 @@ ResetPrompt::ResetPrompt(TabReset& reset, QWidget* parent)
     upper->addWidget(picture);
     upper->addWidget(question, 1);
 
-    QPushButton* current = makeButton("q3resetcurrent", tr("C&urrent"), "current");
-    QPushButton* all = makeButton("q3resetall", tr("&All"), "all");
-    cancel_ = makeButton("q3resetcancel", tr("Cancel"), "");
+    QPushButton* current = makeButton("q3resetcurrent", "current");
+    QPushButton* all = makeButton("q3resetall", "all");
+    cancel_ = makeButton("q3resetcancel", "");
     cancel_->setDefault(true);
     auto* lower = new QHBoxLayout;
     lower->addStretch(1);
@@ -47,9 +50,8 @@ ResetPrompt::ResetPrompt(TabReset& reset, QWidget* parent)
     followForm();
 }
 
-QPushButton* ResetPrompt::makeButton(const QString& name, const QString& text, std::string_view word) {
-    auto* button = new QPushButton(text, this);
-    button->setObjectName(name);
+QPushButton* ResetPrompt::makeButton(std::string_view name, std::string_view word) {
+    QPushButton* button = makeCommandButton(name, this);
     connect(button, &QPushButton::clicked, this, [this, word] { reset_.chooseReset(word); });
     return button;
 }

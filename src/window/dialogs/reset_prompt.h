@@ -25,7 +25,7 @@ protected:
     void comeUp() override;
 
 private:
-    QPushButton* makeButton(const QString& name, const QString& text, std::string_view word);
+    QPushButton* makeButton(std::string_view name, std::string_view word);
 
     TabReset& reset_;
     QPushButton* cancel_ = nullptr;

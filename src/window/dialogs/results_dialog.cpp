@@ -2,8 +2,10 @@
 
 #include "benchmark/results_form.h"
 #include "platform/qt/shown_text.h"
+#include "window/rules/commands.h"
 #include "window/widgets/binders.h"
 #include "window/widgets/chart_view.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/table_view.h"
@@ -16,7 +18,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
-#include <tuple>
+#include <utility>
 
 namespace gatehouse {
 
@@ -126,7 +128,7 @@ void addList(QBoxLayout& row, ListField& field) {
 
 ResultsDialog::ResultsDialog(ResultsForm& form, QWidget* parent)
     : FormDialog("q3results", form.q3results, parent), form_(form) {
-    setWindowTitle(tr("Benchmark Results"));
+    setWindowTitle(shownTitle(dialogInfo("q3results").title));
     setSizeGripEnabled(true);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(kGap, kGap, kGap, kGap);
@@ -199,12 +201,10 @@ QWidget* ResultsDialog::makeComparison() {
 QLayout* ResultsDialog::makeButtons() {
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    for (const auto& [name, text, command] :
-         {std::tuple{"copyresults", tr("&Copy Table"), &ResultsForm::copyresults_Click},
-          std::tuple{"saveresults", tr("&Save As..."), &ResultsForm::saveresults_Click},
-          std::tuple{"resultsclose", tr("C&lose"), &ResultsForm::resultsclose_Click}}) {
-        auto* button = new QPushButton(text, this);
-        button->setObjectName(name);
+    for (const auto& [name, command] : {std::pair{"copyresults", &ResultsForm::copyresults_Click},
+                                        std::pair{"saveresults", &ResultsForm::saveresults_Click},
+                                        std::pair{"resultsclose", &ResultsForm::resultsclose_Click}}) {
+        QPushButton* button = makeCommandButton(name, this);
         connect(button, &QPushButton::clicked, this, [&form = form_, run = command] { (form.*run)(); });
         buttons->addWidget(button);
     }

@@ -2,6 +2,8 @@
 
 #include "benchmark/stale_form.h"
 #include "platform/qt/shown_text.h"
+#include "window/rules/commands.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/follow.h"
 
 #include <QHBoxLayout>
@@ -22,9 +24,9 @@ constexpr int kLetters = 60;
 StaleDialog::StaleDialog(StaleForm& form, QWidget* parent)
     : FormDialog("waitwindow", form.waitwindow, parent),
       form_(form),
-      retry_(new QPushButton(tr("&Retry"), this)),
-      next_(new QPushButton(tr("&Next"), this)) {
-    setWindowTitle(tr("No Results"));
+      retry_(makeCommandButton("wretry", this)),
+      next_(makeCommandButton("wnext", this)) {
+    setWindowTitle(shownTitle(dialogInfo("waitwindow").title));
     auto* msg = new QLabel(this);
     msg->setObjectName("msg");
     msg->setTextFormat(Qt::PlainText);
@@ -43,8 +45,6 @@ StaleDialog::StaleDialog(StaleForm& form, QWidget* parent)
     bar->setTextVisible(false);
     follow(bar, form.waitbar, [bar](int seconds) { bar->setValue(seconds); });
 
-    retry_->setObjectName("wretry");
-    next_->setObjectName("wnext");
     connect(retry_, &QPushButton::clicked, this, [this] { form_.wretry_Click(); });
     connect(next_, &QPushButton::clicked, this, [this] { form_.wnext_Click(); });
     auto* buttons = new QHBoxLayout;

@@ -45,12 +45,15 @@ constexpr std::string_view kNoTab = "no tab";
 const TabInfo& tabInfo(Frame frame) { return kTabs.at(static_cast<std::size_t>(frame)); }
 std::span<const ModeInfo> modes() { return kModes; }
 
-ModeRules::ModeRules(const Ground& ground, SettingsDocument& document, ServerTable& iplist)
+ModeRules::ModeRules(const Ground& ground, SettingsDocument& document, ServerTable& iplist, const HelpPages& pages,
+                     HelpViewer& hwin)
     : run_(ground.run),
       flags_(ground.flags),
       document_(document),
       iplist_(iplist),
       log_(ground.log),
+      pages_(pages),
+      hwin_(hwin),
       servers_(iplist.count()) {
     iplist_.rowInserted.connect([this](int) { serverCountChanged(); });
     iplist_.rowRemoved.connect([this](int) { serverCountChanged(); });
@@ -81,19 +84,52 @@ void ModeRules::sbar_ListItemClick(std::int16_t item) {
         throw RuntimeFailure("Index out of bounds: there is no tab " + std::to_string(item));
     const Frame frame = tabs[static_cast<std::size_t>(item - 1)];
     const TabInfo& tab = tabInfo(frame);
+    if (overviewShown.get()) {
+        overviewShown.set(false);
+        if (tab.key == TabKey.get()) showHeading(frame);
+    }
     if (tab.key == TabKey.get()) return;
     TabKey.set(std::string(tab.key));
-    frameCaption.set(std::string(tab.caption));
+    FrameWanted = frame;
+    showHeading(frame);
     tabLeft.emit();
     FrameShown.set(frame);
     enterFrame(frame);
     log_.logEvent("Switching to tab: " + quoted(tab.key));
 }
 
+void ModeRules::showHeading(Frame frame) {
+    if (frame == kHelpFrame) return showHelpPage(run_.CurrentMode.get());
+    frameCaption.set(std::string(tabInfo(frame).caption));
+}
+
+void ModeRules::showHelpPage(int page) {
+    hwin_.navigate({page});
+    frameCaption.set("Help: " + pages_.title(page));
+}
+
+bool ModeRules::showFrame(Frame frame) {
+    const auto has = [frame](const ModeInfo& mode) {
+        return std::find(mode.tabs.begin(), mode.tabs.end(), frame) != mode.tabs.end();
+    };
+    if (!flags_.sbar.get()) return false;
+    const auto current = static_cast<std::size_t>(run_.CurrentMode.get() - 1);
+    if (!has(kModes.at(current))) {
+        const auto mode = std::find_if(kModes.begin(), kModes.end(), has);
+        sbar_GroupClick(static_cast<std::int16_t>(mode - kModes.begin() + 1));
+    }
+    showTab(frame);
+    return true;
+}
+
+void ModeRules::showTab(Frame frame) {
+    const auto tabs = kModes.at(static_cast<std::size_t>(run_.CurrentMode.get() - 1)).tabs;
+    const auto place = std::find(tabs.begin(), tabs.end(), frame) - tabs.begin();
+    sbar_ListItemClick(static_cast<std::int16_t>(place + 1));
+}
+
 void ModeRules::showBenchmarkTab() {
-    const auto place =
-        std::find(kBenchmarkTabs.begin(), kBenchmarkTabs.end(), kBenchmarkFrame) - kBenchmarkTabs.begin();
-    if (run_.CurrentMode.get() == kBenchmark) sbar_ListItemClick(static_cast<std::int16_t>(place + 1));
+    if (run_.CurrentMode.get() == kBenchmark) showTab(kBenchmarkFrame);
 }
 
 void ModeRules::enterFrame(Frame frame) {
@@ -114,6 +150,9 @@ void ModeRules::enterFrame(Frame frame) {
 }
 
 void ModeRules::restoreDesign() {
+    overviewShown.set(false);
+    FrameWanted = kHelpFrame;
+    hwin_.restoreDesign();
     TabKey.set("");
     FrameShown.set(kNoFrame);
     frameCaption.set("");

@@ -6,6 +6,8 @@
 #include "base/run_state.h"
 #include "base/signal.h"
 #include "config/settings_document.h"
+#include "help/help_pages.h"
+#include "help/help_viewer.h"
 #include "platform/ground.h"
 #include "servers/server_entry.h"
 
@@ -53,17 +55,28 @@ std::span<const ModeInfo> modes();
 /// The side bar: which mode is current, and which of its tabs is on show.
 class ModeRules {
 public:
-    ModeRules(const Ground& ground, SettingsDocument& document, ServerTable& iplist);
+    /// `hwin` is the help view of the last frame.
+    ModeRules(const Ground& ground, SettingsDocument& document, ServerTable& iplist, const HelpPages& pages,
+              HelpViewer& hwin);
 
     /// Changes the mode. Fails for a group that isn't there.
     void sbar_GroupClick(std::int16_t group);
-    /// Shows a tab of the current mode, counted from 1; nothing happens if it is the one on show.
+    /// Shows a tab of the current mode, counted from 1; nothing happens if it is the one on show. The overview ends.
     void sbar_ListItemClick(std::int16_t item);
 
     /// The tab of the current mode's benchmark comes to the front: its buttons end a run.
     void showBenchmarkTab();
 
+    /// A frame comes to the front, in the current mode if that has it, otherwise in the first that does. False where
+    /// no mode can be chosen now.
+    bool showFrame(Frame frame);
+    /// A page in the help view, with its title as the caption.
+    void showHelpPage(int page);
+
     Observable<std::string> TabKey;
+    Frame FrameWanted = kHelpFrame;  ///< the frame of the tab that was clicked last
+    /// The frame of the help lies over the one on show.
+    Observable<bool> overviewShown{false};
     Observable<std::int16_t> FrameShown{kNoFrame};
     Observable<std::string> frameCaption;  ///< caption of `sframe`
     /// The tab on show goes.
@@ -78,6 +91,9 @@ public:
 
 private:
     void enterFrame(Frame frame);
+    void showTab(Frame frame);
+    /// What stands above the frame of a tab, and what the help view shows.
+    void showHeading(Frame frame);
     /// A client needs a server to connect to.
     void serverCountChanged();
 
@@ -86,6 +102,8 @@ private:
     SettingsDocument& document_;
     ServerTable& iplist_;
     Log& log_;
+    const HelpPages& pages_;
+    HelpViewer& hwin_;
     int servers_;  ///< how many there were
 };
 

@@ -1,12 +1,16 @@
 #include "window/rules/window_room.h"
 
+#include <utility>
+
 namespace gatehouse {
 
 WindowRoom::WindowRoom(StartupRoom& startup, const Services& services, ConfigRoom& config, ModsRoom& mods,
-                       ContentRoom& content, ServersRoom& servers)
+                       ContentRoom& content, ServersRoom& servers,
+                       std::function<std::vector<const FieldGroup*>()> groups)
     : modOptions(startup.ground, mods.table, config.doc.edits),
       serverRules(startup.ground, config.doc),
-      modes(startup.ground, config.doc, servers.iplist),
+      helpPages(services.resources),
+      modes(startup.ground, config.doc, servers.iplist, helpPages, hwin),
       playerRules(config.doc),
       botsRules(startup.ground, config.doc),
       keyRules(startup.ground, config.doc.bindlist),
@@ -15,6 +19,7 @@ WindowRoom::WindowRoom(StartupRoom& startup, const Services& services, ConfigRoo
                 [&content](const std::string& path) { content.selectModel(path); }}),
       optionsRules({startup.ground, startup.finder, services.viewers, startup.options, config.documents,
                     [&log = startup.log] { return log.LogPath(); }}),
+      help({startup.run, modes, hwin, helpPages, config.doc, startup.keeper, std::move(groups)}),
       log_(startup.log) {
     follow_.on(servers.commands.modOptionsWanted, [this] { modOptions.showFor("C"); });
     follow_.on(config.history.rotationRestored, [&content, &doc = config.doc, this] {
@@ -28,7 +33,7 @@ WindowRoom::WindowRoom(StartupRoom& startup, const Services& services, ConfigRoo
                        &optionsRules.q3options, &modOptions.q3mod})
         has(*form);
     // The commands' flags come first: what the rules put back writes some of them anew.
-    restores(startup.flags, optionsRules, modes, botsRules, rotationRules);
+    restores(startup.flags, optionsRules, modes, botsRules, rotationRules, help);
 }
 
 void WindowRoom::mhelpabout_Click() {

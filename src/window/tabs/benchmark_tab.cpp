@@ -1,11 +1,12 @@
 #include "window/tabs/benchmark_tab.h"
 
 #include "startup/gatehouse.h"
+#include "window/rules/commands.h"
 #include "window/widgets/binders.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/field_grid.h"
 #include "window/widgets/follow.h"
-#include "window/widgets/icons.h"
 #include "window/widgets/spin_text.h"
 #include "window/widgets/table_view.h"
 #include "window/widgets/wheel_guard.h"
@@ -25,9 +26,7 @@ constexpr int kGap = 8;
 constexpr int kNumberLetters = 8;
 
 struct RunButton {
-    const char* name;
-    QString text;
-    QString hint;
+    std::string_view name;
     Observable<bool>& flag;
     std::function<void()> command;
 };
@@ -40,20 +39,17 @@ QToolBar* makeButtons(Gatehouse& program) {
     BenchmarkRun& run = program.benchmark.run;
     auto& flags = program.flags.btbar;
     const RunButton buttons[] = {
-        {"play", QObject::tr("Play"), QObject::tr("Run the chosen documents on the chosen demos"), flags[1],
-         [&program] { program.mfilerun_Click(); }},
-        {"pause", QObject::tr("Pause"), QObject::tr("Hold up the stale time; the game plays on"), flags[2],
-         [&run] { run.pause_Click(); }},
-        {"stop", QObject::tr("Stop"), QObject::tr("End the run; the game plays on"), flags[3],
-         [&run] { run.stop_Click(); }},
+        {"play", flags[1], [&program] { program.mfilerun_Click(); }},
+        {"pause", flags[2], [&run] { run.pause_Click(); }},
+        {"stop", flags[3], [&run] { run.stop_Click(); }},
     };
     for (const RunButton& one : buttons) {
-        QAction* action = bar->addAction(icon(one.name), one.text);
-        action->setObjectName(one.name);
-        action->setToolTip(one.hint);
+        auto* action = new QAction(bar);
+        describe(*action, commandInfo(one.name));
+        bar->addAction(action);
         bindCommand(*action, one.flag, one.command);
         QWidget* button = bar->widgetForAction(action);
-        button->setObjectName(QLatin1String(one.name) + "_button");
+        button->setObjectName(action->objectName() + "_button");
         button->setFocusPolicy(Qt::TabFocus);
     }
     return bar;

@@ -44,12 +44,8 @@ QWidget* makeNamedBots(BotTable& q3botlist, BotsRules& rules, CommandFlags& flag
     heading->setFont(bold);
     heading->setBuddy(list);
     QToolBar* tools = makeTableTools("q3bottools", QObject::tr("Bots"));
-    addTableTool(*tools, *list,
-                 {"q3botadd", "add", QObject::tr("Add..."), QObject::tr("Choose a bot that joins"),
-                  QKeySequence(Qt::Key_Insert), &flags.q3botadd, [&rules] { rules.q3botadd_Click(); }});
-    addTableTool(*tools, *list,
-                 {"q3botdel", "remove", QObject::tr("Delete"), QObject::tr("Take the bot off the list"),
-                  QKeySequence(Qt::Key_Delete), &flags.q3botdel, [&rules] { rules.q3botdel_Click(); }});
+    addTableTool(*tools, *list, {"q3botadd", &flags.q3botadd, [&rules] { rules.q3botadd_Click(); }});
+    addTableTool(*tools, *list, {"q3botdel", &flags.q3botdel, [&rules] { rules.q3botdel_Click(); }});
 
     auto* top = new QHBoxLayout;
     heading->setContentsMargins(0, kHeadingTop, 0, 0);

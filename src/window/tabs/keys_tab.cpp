@@ -1,7 +1,7 @@
 #include "config/settings_document.h"
 #include "window/rules/key_rules.h"
 #include "window/tabs/table_tabs.h"
-#include "window/widgets/icons.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/table_view.h"
 
 #include <QPushButton>
@@ -34,11 +34,7 @@ QWidget* makeKeysTab(SettingsDocument& doc, KeyRules& rules) {
     view->setColumnLetters({kActionLetters});
     QObject::connect(view, &TableView::rowOpened, view, [&rules] { rules.bindlist_DblClick(); });
 
-    auto* choose = new QPushButton(icon("keys"), QObject::tr("&Choose Key..."));
-    choose->setObjectName("choosekey");
-    const QString hint = QObject::tr("Pick a key for the chosen action on a keyboard (Return or double-click)");
-    choose->setToolTip(hint);
-    choose->setAccessibleDescription(hint);
+    QPushButton* choose = makeCommandButton("choosekey");
     QObject::connect(choose, &QPushButton::clicked, view, [&rules] { rules.bindlist_DblClick(); });
 
     auto* tab = new QWidget;

@@ -112,21 +112,11 @@ TableView* makeList(Rotation& maplist, RotationRules& rules) {
 QToolBar* makeCatalogTools(TableView& tree, ContentRoom& content) {
     MapCommands& commands = content.mapCommands;
     QToolBar* tools = makeTableTools("mtool3", QObject::tr("Maps of the Game"));
-    addTableTool(*tools, tree,
-                 {"mtool3_2", "scan", QObject::tr("Scan..."), QObject::tr("Search the game's archives for maps"),
-                  QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), nullptr, [&commands] { commands.scanForMaps(); }});
-    addTableTool(*tools, tree,
-                 {"mtool3_3", "add-file", QObject::tr("Add File..."),
-                  QObject::tr("Put a map from a file or an archive into this list"),
-                  QKeySequence(Qt::CTRL | Qt::Key_Insert), nullptr, [&commands] { commands.addMap(); }});
-    addTableTool(*tools, tree,
-                 {"mtool3_4", "delete", QObject::tr("Delete"), QObject::tr("Take a user map off this list"),
-                  QKeySequence(Qt::Key_Delete), nullptr, [&commands] { commands.deleteMap(); }});
+    addTableTool(*tools, tree, {"mtool3_2", nullptr, [&commands] { commands.scanForMaps(); }});
+    addTableTool(*tools, tree, {"mtool3_3", nullptr, [&commands] { commands.addMap(); }});
+    addTableTool(*tools, tree, {"mtool3_4", nullptr, [&commands] { commands.deleteMap(); }});
     Preview& preview = content.preview;
-    QAction* zoom = addTableCommand(tree, {"zoom", "zoom", QObject::tr("Zoom Picture"), {}, {}, &preview.q3levelshot,
-                                           [&preview] { preview.zoom_Click(); }});
-    // On many keyboards the plus sign needs the shift key.
-    zoom->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    addTableCommand(tree, {"zoom", &preview.q3levelshot, [&preview] { preview.zoom_Click(); }});
     addHidePicture(tree, preview.q3levelshot, [&preview] { preview.hide(); });
     return tools;
 }
@@ -160,24 +150,16 @@ QWidget* makeMapsTab(SettingsDocument& doc, ContentRoom& content, RotationRules&
     });
 
     QToolBar* rotateTools = makeTableTools("mtool2_tree", QObject::tr("Catalog"));
-    addTableTool(*rotateTools, *tree,
-                 {"mtool2_2", "add", QObject::tr("Add"), QObject::tr("Put the map into the rotation"),
-                  QKeySequence(Qt::Key_Insert), &flags.mtool2[2], [&rules] { rules.addToRotation(); }});
+    addTableTool(*rotateTools, *tree, {"mtool2_2", &flags.mtool2[2], [&rules] { rules.addToRotation(); }});
     auto* search = new QWidget;
     auto* row = new QHBoxLayout(search);
     row->setContentsMargins({});
     row->addWidget(new TreeSearch(*tree, QObject::tr("Search maps")), 1);
     row->addWidget(rotateTools);
     QToolBar* rotationTools = makeTableTools("mtool1", QObject::tr("Rotation"));
-    addTableTool(*rotationTools, *list,
-                 {"mtool2_1", "remove", QObject::tr("Remove"), QObject::tr("Take the map out of the rotation"),
-                  QKeySequence(Qt::Key_Delete), &flags.mtool2[1], [&rules] { rules.removeFromRotation(); }});
-    addTableTool(*rotationTools, *list,
-                 {"mtool1_1", "move-up", QObject::tr("Up"), QObject::tr("Play the map earlier"),
-                  QKeySequence(Qt::ALT | Qt::Key_Up), &flags.mtool1[1], [&rules] { rules.moveUp(); }});
-    addTableTool(*rotationTools, *list,
-                 {"mtool1_2", "move-down", QObject::tr("Down"), QObject::tr("Play the map later"),
-                  QKeySequence(Qt::ALT | Qt::Key_Down), &flags.mtool1[2], [&rules] { rules.moveDown(); }});
+    addTableTool(*rotationTools, *list, {"mtool2_1", &flags.mtool2[1], [&rules] { rules.removeFromRotation(); }});
+    addTableTool(*rotationTools, *list, {"mtool1_1", &flags.mtool1[1], [&rules] { rules.moveUp(); }});
+    addTableTool(*rotationTools, *list, {"mtool1_2", &flags.mtool1[2], [&rules] { rules.moveDown(); }});
 
     auto* split = new QSplitter(Qt::Horizontal);
     split->setObjectName("mapsplit");

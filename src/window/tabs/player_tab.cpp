@@ -35,10 +35,7 @@ TableView* makeModelTree(SettingsDocument& doc, ContentRoom& content) {
 QWidget* makeModelPane(SettingsDocument& doc, ContentRoom& content) {
     TableView* tree = makeModelTree(doc, content);
     QToolBar* tools = makeTableTools("ptool1", QObject::tr("Models"));
-    addTableTool(
-        *tools, *tree,
-        {"ptool1_1", "scan", QObject::tr("Scan..."), QObject::tr("Search the game's archives for models"),
-         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), nullptr, [&content] { content.ptool1_ButtonClick(); }});
+    addTableTool(*tools, *tree, {"ptool1_1", nullptr, [&content] { content.ptool1_ButtonClick(); }});
     auto* top = new QHBoxLayout;
     top->addWidget(new TreeSearch(*tree, QObject::tr("Search models")), 1);
     top->addWidget(tools);

@@ -1,8 +1,9 @@
 #include "servers/server_commands.h"
 #include "servers/status_query.h"
+#include "window/rules/commands.h"
 #include "window/tabs/table_tabs.h"
 #include "window/widgets/binders.h"
-#include "window/widgets/icons.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/table_tools.h"
 #include "window/widgets/table_view.h"
 
@@ -50,25 +51,9 @@ RowPicture statePicture(const ServerEntry& server) {
     return {};
 }
 
-/// One button of `tbservers` that depends on a flag.
-struct ServerTool {
-    std::size_t number;
-    const char* tag;
-    const char* icon;
-    QString text;
-    QString hint;
-    QKeySequence key;
-};
-
-std::vector<ServerTool> serverTools() {
-    return {
-        {1, "Add", "add", QObject::tr("Add"), QObject::tr("Add a server"), QKeySequence(Qt::Key_Insert)},
-        {2, "Delete", "remove", QObject::tr("Delete"), QObject::tr("Delete this server"), QKeySequence(Qt::Key_Delete)},
-        {3, "Query", "query", QObject::tr("Query"), QObject::tr("Ping server/s"), QKeySequence(Qt::CTRL | Qt::Key_E)},
-        {4, "Players", "players", QObject::tr("Players"), QObject::tr("List players"),
-         QKeySequence(Qt::CTRL | Qt::Key_L)},
-        {5, "Mod", "options", QObject::tr("Mod"), QObject::tr("Mod options for this server"), {}}};
-}
+/// The buttons of `tbservers` that depend on a flag, in the order of their numbers.
+constexpr std::array<std::string_view, 5> kServerTools = {"tbservers.Add", "tbservers.Delete", "tbservers.Query",
+                                                          "tbservers.Players", "tbservers.Mod"};
 
 TableView* makeServerList(ServerTable& iplist, ServerCommands& commands) {
     TableLook<ServerEntry> look{.columns = {}, .picture = statePicture};
@@ -110,25 +95,26 @@ TableView* makeServerList(ServerTable& iplist, ServerCommands& commands) {
 QToolBar* makeTools(TableView& view, ServerCommands& commands, CommandFlags& flags) {
     QToolBar* bar = makeTableTools("tbservers", QObject::tr("Server List"));
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);  // there are many
-    const auto run = [&commands](const char* tag) { return [&commands, tag] { commands.tbservers_ButtonClick(tag); }; };
-    for (const ServerTool& tool : serverTools())
-        addTableTool(
-            *bar, view,
-            {tool.tag, tool.icon, tool.text, tool.hint, tool.key, &flags.tbservers[tool.number], run(tool.tag)});
+    const auto run = [&commands](const CommandInfo& tool) {
+        return [&commands, tag = std::string(tool.objectName())] { commands.tbservers_ButtonClick(tag); };
+    };
+    std::size_t number = 0;
+    for (const std::string_view name : kServerTools)
+        addTableTool(*bar, view, {name, &flags.tbservers[++number], run(commandInfo(name))});
     bar->addSeparator();
-    const auto addButton = [bar](const char* name, const QIcon& picture, const QString& text, const QString& hint) {
-        QAction* action = bar->addAction(picture, text);
-        action->setObjectName(name);
-        action->setToolTip(hint);
+    const auto addButton = [bar](const CommandInfo& tool) {
+        auto* action = new QAction(bar);
+        describe(*action, tool);
+        bar->addAction(action);
         bar->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
         return action;
     };
-    QAction* open = addButton("Open", icon("open"), QObject::tr("Open"), QObject::tr("Open server list"));
-    QAction* save = addButton("Save", icon("save"), QObject::tr("Save"), QObject::tr("Save server list"));
-    QObject::connect(open, &QAction::triggered, bar, run("Open"));
-    QObject::connect(save, &QAction::triggered, bar, run("Save"));
+    for (const std::string_view name : {"tbservers.Open", "tbservers.Save"}) {
+        const CommandInfo& tool = commandInfo(name);
+        QObject::connect(addButton(tool), &QAction::triggered, bar, run(tool));
+    }
     // There is nothing behind it yet.
-    addButton("scan", icon("servers"), QObject::tr("Scan"), QObject::tr("Query master server"))->setEnabled(false);
+    addButton(commandInfo("tbservers.scan"))->setEnabled(false);
     return bar;
 }
 

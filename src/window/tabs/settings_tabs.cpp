@@ -3,6 +3,7 @@
 #include "config/settings_document.h"
 #include "window/rules/mod_options.h"
 #include "window/tabs/settings_form.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/follow.h"
 
 #include <QComboBox>
@@ -13,11 +14,7 @@ namespace gatehouse {
 namespace {
 
 QPushButton* makeModButton(ModOptions& modOptions) {
-    auto* button = new QPushButton(QObject::tr("Mod &Options..."));
-    button->setObjectName("modoptions");
-    const QString hint = QObject::tr("Settings of the chosen mod itself");
-    button->setToolTip(hint);
-    button->setAccessibleDescription(hint);
+    QPushButton* button = makeCommandButton("modoptions");
     QObject::connect(button, &QPushButton::clicked, button, [&modOptions] { modOptions.modoptions_Click(); });
     return button;
 }

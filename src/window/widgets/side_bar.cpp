@@ -1,6 +1,8 @@
 #include "window/widgets/side_bar.h"
 
 #include "platform/qt/shown_text.h"
+#include "window/rules/commands.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/icons.h"
 #include "window/widgets/twips.h"
@@ -30,7 +32,6 @@ constexpr int kSmallIcon = 18;
 /// Drawings by the number of a tab's icon, from 1.
 constexpr std::array kTabIcons = {"server", "servers", "maps",  "player",    "keys",
                                   "bots",   "video",   "tweak", "benchmark", "help"};
-constexpr std::array kModeIcons = {"mode-connect", "mode-listen", "mode-dedicated", "mode-benchmark"};
 
 /// Large icons stand above their captions, small ones in front.
 class TabDelegate : public QStyledItemDelegate {
@@ -140,13 +141,11 @@ void SideBar::addMode(std::int16_t mode) {
     const auto position = static_cast<std::size_t>(mode - 1);
     const ModeInfo& info = modes()[position];
     const QString caption = shown(info.caption);
-    const QKeySequence keys(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + mode));
-
     auto* header = new QToolButton(this);
-    header->setObjectName("sbar" + QString::number(mode));
-    header->setIcon(icon(kModeIcons.at(position)));
+    const CommandInfo& command = commandInfo("sbar" + std::to_string(mode));
+    describe(*header, command);
     header->setText(caption);
-    header->setToolTip(tr("%1 mode (%2)").arg(caption, keys.toString(QKeySequence::NativeText)));
+    const QKeySequence keys(shown(command.keys));
     header->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     header->setIconSize({kSmallIcon, kSmallIcon});
     header->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -180,16 +179,16 @@ void SideBar::makeMenu() {
     sbarmenu_ = new QMenu(this);
     sbarmenu_->setObjectName("sbarmenu");
     auto* sizes = new QActionGroup(this);
-    const auto addSize = [&](const QString& name, const QString& text, bool large) {
-        QAction* action = sbarmenu_->addAction(text);
-        action->setObjectName(name);
+    const auto addSize = [&](std::string_view name, bool large) {
+        QAction* action = sbarmenu_->addAction(QString());
+        describe(*action, commandInfo(name));
         action->setCheckable(true);
         action->setChecked(large);
         sizes->addAction(action);
         connect(action, &QAction::triggered, this, [this, large] { setLargeIcons(large); });
     };
-    addSize("sbariconlarge", tr("&Large Icons"), true);
-    addSize("msiconsmall", tr("&Small Icons"), false);
+    addSize("sbariconlarge", true);
+    addSize("msiconsmall", false);
 }
 
 void SideBar::showMode(std::int16_t mode) {

@@ -1,7 +1,8 @@
 #include "window/widgets/table_tools.h"
 
+#include "window/rules/commands.h"
 #include "window/widgets/binders.h"
-#include "window/widgets/icons.h"
+#include "window/widgets/command_views.h"
 #include "window/widgets/table_view.h"
 
 #include <QAction>
@@ -20,10 +21,8 @@ QToolBar* makeTableTools(const QString& name, const QString& title) {
 }
 
 QAction* addTableCommand(TableView& view, const TableTool& tool) {
-    auto* action = new QAction(icon(tool.icon), tool.text, &view);
-    action->setObjectName(tool.name);
-    action->setToolTip(tool.hint);
-    action->setShortcut(tool.key);
+    auto* action = new QAction(&view);
+    describe(*action, commandInfo(tool.name));
     action->setShortcutContext(Qt::WidgetShortcut);
     if (tool.flag)
         bindCommand(*action, *tool.flag, tool.command);
@@ -35,20 +34,14 @@ QAction* addTableCommand(TableView& view, const TableTool& tool) {
 }
 
 void addHidePicture(TableView& view, Observable<bool>& shown, std::function<void()> hide) {
-    addTableCommand(view, {"hidePicture",
-                           "remove",
-                           QObject::tr("Hide Picture"),
-                           {},
-                           QKeySequence(Qt::Key_Escape),
-                           &shown,
-                           std::move(hide)});
+    addTableCommand(view, {"hidePicture", &shown, std::move(hide)});
 }
 
 QAction* addTableTool(QToolBar& bar, TableView& view, const TableTool& tool) {
     QAction* action = addTableCommand(view, tool);
     bar.addAction(action);
     QWidget* button = bar.widgetForAction(action);
-    button->setObjectName(tool.name + "_button");
+    button->setObjectName(action->objectName() + "_button");
     button->setFocusPolicy(Qt::TabFocus);
     return action;
 }

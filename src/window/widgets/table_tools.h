@@ -2,10 +2,10 @@
 
 #include "base/observable.h"
 
-#include <QKeySequence>
 #include <QString>
 
 #include <functional>
+#include <string_view>
 
 class QAction;
 class QToolBar;
@@ -16,11 +16,7 @@ class TableView;
 
 /// A command on a table: an entry of the table's context menu, and a key while the table has the focus.
 struct TableTool {
-    QString name;  ///< object name of the action; its button has "_button" behind
-    const char* icon;
-    QString text;
-    QString hint;
-    QKeySequence key;
+    std::string_view name;   ///< of its declaration; the object name of its button has "_button" behind
     Observable<bool>* flag;  ///< whether it can be used; null for always
     std::function<void()> command;
 };

@@ -3,6 +3,10 @@
 #include "base/numbers.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <source_location>
 #include <stdexcept>
 
 namespace gatehouse::fake {
@@ -309,7 +313,7 @@ std::string FakeProcesses::environment(int position) const {
 
 void FakeProcesses::startBatch(const std::string& interpreter, const std::string& batchFile) {
     if (failToStart) throw RuntimeFailure("File not found: quake3.exe");
-    started.push_back(interpreter + " /c " + quoted(batchFile));
+    started.push_back(interpreter + " /c " + gatehouse::quoted(batchFile));
 }
 
 void FakeProcesses::start(const std::string& programLine, const std::string& folder) {
@@ -385,6 +389,12 @@ std::string crlf(const std::vector<std::string>& lines) {
     std::string text;
     for (const auto& line : lines) text += line + "\r\n";
     return text;
+}
+
+std::string SourceTexts::text(std::string_view name) const {
+    const std::filesystem::path here = std::source_location::current().file_name();
+    std::ifstream file(here.parent_path() / "../../../src/help/pages" / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace gatehouse::fake

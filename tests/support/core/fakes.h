@@ -5,6 +5,7 @@
 #include "base/run_state.h"
 #include "base/runtime_failure.h"
 #include "base/text.h"
+#include "platform/resources.h"
 #include "platform/archives.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
@@ -277,6 +278,12 @@ public:
     std::vector<std::string> viewed;
 };
 
+/// The texts as they lie in the source tree, since the core has no resources of its own.
+class SourceTexts : public Resources {
+public:
+    std::string text(std::string_view name) const override;
+};
+
 /// Keeps all lines; a serious one has a "!" in front, one for the file alone a "=".
 class RecordingLog : public Log {
 public:
@@ -304,14 +311,15 @@ struct World {
     FakeSocket socket;
     FakeViewers viewers;
     Random random;
+    SourceTexts resources;
     RecordingLog log;
     RunState run;
     CommandFlags flags;
     OptionStore store{settings, log, dialogs};
     Pace pace{events, clock};
     Ground ground{files, dialogs, events, log, store, run, flags, pace};
-    Services services{files,     settings, events,   clock,    dialogs, clipboard, windows,
-                      processes, machine,  archives, pictures, socket,  viewers,   random};
+    Services services{files,   settings, events,   clock,  dialogs, clipboard, windows,  processes,
+                      machine, archives, pictures, socket, viewers, random,    resources};
 };
 
 /// Lines joined as the program writes them, each ended by CR LF.

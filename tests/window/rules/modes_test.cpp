@@ -23,7 +23,9 @@ protected:
     SettingsDocument document;
     ServerTable iplist;
     int listLoads = 0;
-    ModeRules rules{world.ground, document, iplist};
+    HelpPages pages{world.resources};
+    HelpViewer hwin;
+    ModeRules rules{world.ground, document, iplist, pages, hwin};
 };
 
 TEST_F(ModesTest, RunIsOfferedWhereAModeHasWhatItNeeds) {
