@@ -19,6 +19,7 @@
 #include "platform/random.h"
 #include "platform/x11/x11_windows.h"
 #include "startup/gatehouse.h"
+#include "startup/version.h"
 #include "window/help_desk.h"
 #include "window/main_window.h"
 #include "window/scan_window.h"
@@ -55,6 +56,21 @@ bool chooseDisplay() {
     return !platform || std::string_view(platform) != "offscreen";
 }
 
+/// What is answered on the terminal, without a window; nothing for any other arguments.
+std::optional<std::string> terminalAnswer(int argc, char** argv) {
+    const std::string_view only = argc == 2 ? argv[1] : "";
+    if (only == "--version") return "gatehouse " + gatehouse::versionString();
+    if (only != "--help" && only != "-h") return std::nullopt;
+    return "Settings and servers for Quake 3: Arena\n\n"
+           "usage: gatehouse               open the window\n"
+           "       gatehouse FILE          open it with a document (.ghc) or a server list (.ghs)\n"
+           "       gatehouse \"o PATH\"      the same, by the program's own form of a path, such as C:\\home\\me\\war.ghc\n"
+           "       gatehouse \"r PATH\"      start the game with a document, and leave; the exit status is 1 if that failed\n"
+           "       gatehouse --help        this text\n"
+           "       gatehouse --version     the version\n\n"
+           "Documents, lists and logs are in ~/.local/share/gatehouse, or in $GATEHOUSE_HOME. See gatehouse(1).";
+}
+
 int fail(const std::string& line) {
     std::cerr << line << '\n';
     return EXIT_FAILURE;
@@ -64,6 +80,10 @@ int fail(const std::string& line) {
 
 int main(int argc, char** argv) {
     using namespace gatehouse;
+    if (const auto answer = terminalAnswer(argc, argv)) {
+        std::cout << *answer << std::endl;
+        return std::cout ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
     const bool interactive = chooseDisplay();
 
     QtEventLoop events;
@@ -73,7 +93,7 @@ int main(int argc, char** argv) {
 
     std::string programFolder;
     try {
-        programFolder = toProgramPath(prepareProgramFolder(GATEHOUSE_DATA_DIR));
+        programFolder = toProgramPath(prepareProgramFolder(dataFolder()));
     } catch (const RuntimeFailure& failure) {
         return fail(failure.what());
     }

@@ -9,9 +9,18 @@ namespace gatehouse {
 
 std::string gameFolderOf(const std::string& executablePath) {
     const std::string path = trim(executablePath);
-    if (path.size() < kGameExecutable.size())
+    const auto folderEnd = path.rfind('\\');
+    if (folderEnd == std::string::npos)
         throw RuntimeFailure("The game's place is not known: no " + std::string(kGameExecutable) + " was chosen");
-    return trim(cut(path, 0, static_cast<long>(kGameExecutable.size())));
+    return trim(path.substr(0, folderEnd + 1));
+}
+
+std::string gameProgramOf(const std::string& executablePath) {
+    const std::string path = trim(executablePath);
+    const std::string name = bareName(path);
+    if (name.empty() || name.size() == path.size() || equalNoCase(name, kGameExecutable))
+        return std::string(kGameExecutable);
+    return name.find(' ') == std::string::npos ? name : quoted(name);
 }
 
 void recoverGameDir(RunState& run, const Options& options) {

@@ -24,8 +24,8 @@ public:
     BenchmarkRoom(const Ground& ground, const Services& services, const Sources& from)
         : windows(services.windows, services.events, services.clock, ground.log),
           setup(ground, from.options.ghcdir, from.options.democount),
-          run({ground, services, from.options.ghcdir, from.options.extracmdline, from.options.democount,
-               from.options.q3bwait, from.options.q3staleaction, setup, from.documents, from.gameConfig, windows,
+          run({ground, services, from.options.ghcdir, from.options.extracmdline, from.options.q3FilePath,
+               from.options.democount, from.options.q3bwait, from.options.q3staleaction, setup, from.documents, from.gameConfig, windows,
                from.q3status}),
           results(ground, services) {
         has(run.stale.waitwindow);

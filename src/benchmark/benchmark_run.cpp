@@ -118,7 +118,7 @@ void BenchmarkRun::begin() {
         RunRecord head;
         head.version = with_.run.VersionString;
         head.machine = with_.services.machine.info();
-        head.game = gameDir_ + std::string(kGameExecutable);
+        head.game = gameDir_ + gameProgramOf(with_.q3FilePath.text());
         head.commandLine = programLine();
         head.wanted = count;
         head.staleMinutes = with_.q3bwait.text();
@@ -284,7 +284,7 @@ void BenchmarkRun::btimer_Timer() {
 }
 
 std::string BenchmarkRun::programLine() const {
-    return std::string(kGameExecutable) + " " + trim(with_.extracmdline.text()) + " +exec gatehouse.cfg";
+    return gameProgramOf(with_.q3FilePath.text()) + " " + trim(with_.extracmdline.text()) + " +exec gatehouse.cfg";
 }
 
 void BenchmarkRun::startGame() { with_.services.processes.start(programLine(), gameDir_); }

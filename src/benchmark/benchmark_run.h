@@ -27,6 +27,7 @@ public:
         const Services& services;
         const TextField& ghcdir;
         const TextField& extracmdline;
+        const TextField& q3FilePath;
         TextField& democount;
         const TextField& q3bwait;
         const ListField& q3staleaction;

@@ -4,7 +4,9 @@
 
 namespace gatehouse {
 
-void CommandLine::begin(const std::string& extracmdline) { run_.LaunchCommand = "quake3.exe " + trim(extracmdline); }
+void CommandLine::begin(const std::string& gameProgram, const std::string& extracmdline) {
+    run_.LaunchCommand = gameProgram + " " + trim(extracmdline);
+}
 
 void CommandLine::BuildServerCommandLine() {
     log_.logEvent("->building server cmdline");

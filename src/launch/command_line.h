@@ -14,7 +14,7 @@ public:
         : run_(run), doc_(doc), mods_(mods), log_(log) {}
 
     /// Starts the line anew with the program and the user's own options.
-    void begin(const std::string& extracmdline);
+    void begin(const std::string& gameProgram, const std::string& extracmdline);
     /// Appends the server's options.
     void BuildServerCommandLine();
     /// Appends the client's options.

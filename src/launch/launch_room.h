@@ -20,12 +20,13 @@ public:
         const ServerTable& iplist;
         const ListField& q3runoptions;
         const TextField& extracmdline;
+        const TextField& q3FilePath;
     };
 
     LaunchRoom(const Ground& ground, const Services& services, const Sources& from)
         : gameConfig({from.doc, from.mods, from.host, from.aliases, services.random, ground.log}),
           command({ground, services.processes, from.doc, from.mods, from.iplist, from.q3runoptions, from.extracmdline,
-                   gameConfig}) {}
+                   from.q3FilePath, gameConfig}) {}
 
     GameConfig gameConfig;
     RunCommand command;

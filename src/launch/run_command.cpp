@@ -1,5 +1,6 @@
 #include "launch/run_command.h"
 
+#include "base/game_folder.h"
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "launch/batch_file.h"
@@ -42,7 +43,7 @@ void RunCommand::makeConfig() {
     with_.gameConfig.open(create(path));
     with_.gameConfig.WriteHeader();
     with_.log.logEvent("->Created OK.");
-    commandLine_.begin(with_.extracmdline.text());
+    commandLine_.begin(gameProgramOf(with_.q3FilePath.text()), with_.extracmdline.text());
     writeMode();
     with_.gameConfig.WriteFooter();
     with_.gameConfig.close();

@@ -28,6 +28,7 @@ public:
         const ServerTable& iplist;
         const ListField& q3runoptions;
         const TextField& extracmdline;
+        const TextField& q3FilePath;
         GameConfig& gameConfig;
     };
 

@@ -34,6 +34,8 @@ struct FileDialog {
     std::string fileName;
     /// A name to open that ends like this, in any case, is refused unless there is such a file to read.
     std::string mustExist = {};
+    /// Any name is refused unless there is such a file to read.
+    bool mustBeThere = false;
 };
 
 /// A list for a person to read and to copy. Plain text.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@ public:
 
     /// The arguments of this process joined by one blank, without the program's name.
     virtual std::string commandLine() const = 0;
+    /// The file that the one and only argument names, in the program's form; nothing if there are more, or no such file.
+    virtual std::optional<std::string> fileArgument() const = 0;
     /// The environment by position from 1, as "NAME=value"; empty behind the last one.
     virtual std::string environment(int position) const = 0;
     /// Platform id of the operating system, 2 for the NT line; 0 when it can't be told.

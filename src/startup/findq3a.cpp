@@ -29,16 +29,24 @@ std::string GameFinder::scanHardDisks() {
     const int extent = splash_.splashbar.get();
     splash_.splashmsgCentred.set(false);
     FoundGamePath_.clear();
-    for (const Drive& drive : files_.drives()) {
-        if (drive.type != DriveType::Fixed) continue;
-        scanFolder(drive.path + "\\");
-        if (!FoundGamePath_.empty()) return FoundGamePath_;
-    }
+    splash_.stopped = false;
+    splash_.scanning.set(true);
+    searchDisks();
+    splash_.scanning.set(false);
+    if (!FoundGamePath_.empty()) return FoundGamePath_;
     splash_.splashbar.set(extent);
     splash_.splashmsgCentred.set(true);
     ftimer_->setEnabled(false);
     splash_.files.set("");
     return {};
+}
+
+void GameFinder::searchDisks() {
+    for (const Drive& drive : files_.drives()) {
+        if (drive.type != DriveType::Fixed) continue;
+        scanFolder(drive.path + "\\");
+        if (!FoundGamePath_.empty() || splash_.stopped) return;
+    }
 }
 
 void GameFinder::showFolder(const std::string& path) {
@@ -60,6 +68,7 @@ void GameFinder::scanFolder(const std::string& path) {
         return;
     }
     for (const FolderEntry& folder : listing.folders) {
+        if (splash_.stopped) return;
         scanSubFolder(folder.path);
         if (!FoundGamePath_.empty()) return;
     }
@@ -84,10 +93,11 @@ void GameFinder::confirmGameFile(const std::string& path) {
 }
 
 std::optional<std::string> GameFinder::chooseGameFile(const std::string& startFolder) {
-    return dialogs_.openFile({.title = "",
+    return dialogs_.openFile({.title = "Where is " + std::string(kGameExecutable) + "?",
                               .filter = "Executable Files (*.exe)|*.exe",
                               .startFolder = startFolder,
-                              .fileName = std::string(kGameExecutable)});
+                              .fileName = std::string(kGameExecutable),
+                              .mustBeThere = true});
 }
 
 void GameFinder::backupGameConfig(const std::string& gameDir) {

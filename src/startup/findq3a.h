@@ -20,9 +20,10 @@ class GameFinder {
 public:
     GameFinder(const Ground& ground, SplashView& splash);
 
-    /// Searches all fixed disks; asks about each copy found. The confirmed path, or an empty text.
+    /// Searches all fixed disks; asks about each copy found. The confirmed path; an empty text if there is none, or if
+    /// the search was stopped.
     std::string scanHardDisks();
-    /// Lets the user pick the game's executable, beginning in that folder. Nothing on cancel.
+    /// Lets the user pick the game's executable, beginning in that folder. It is there; nothing on cancel.
     std::optional<std::string> chooseGameFile(const std::string& startFolder = "C:\\");
     /// Copies the user's own game config aside and says so.
     void backupGameConfig(const std::string& gameDir);
@@ -30,6 +31,7 @@ public:
 private:
     void scanFolder(const std::string& path);
     void scanSubFolder(const std::string& path);
+    void searchDisks();
     void showFolder(const std::string& path);
     void confirmGameFile(const std::string& path);
 

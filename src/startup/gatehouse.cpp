@@ -36,7 +36,7 @@ Gatehouse::Gatehouse(const Services& services, std::string programFolder)
       servers(startup.ground, services, mods.table, startup.options.ghcdir, startup.options.q3pingwait),
       launch(startup.ground, services,
              {config.doc, mods.table, *this, mods.aliases, servers.iplist, startup.options.q3runoptions,
-              startup.options.extracmdline}),
+              startup.options.extracmdline, startup.options.q3FilePath}),
       benchmark(startup.ground, services, {startup.options, config.documents, launch.gameConfig, startup.q3.q3status}),
       rules(startup, services, config, mods, content, servers, [this] { return fieldGroups(); }),
       rescue(startup.ground, services.clock, rescueKinds()),

@@ -97,6 +97,8 @@ private:
     // Steps of the load sequence.
     void checkRunningCopy();
     void setProgramPaths();
+    /// A document or a list that the program is started with, as a file manager does it.
+    void takeFileArgument();
     void createLog();
     void readOptions();
     void checkVersion();
@@ -144,6 +146,8 @@ private:
     bool closing_ = false;      ///< inside `closeAllWindows`
     bool unloading_ = false;    ///< inside `q3_Unload`
     bool runAndLeave_ = false;
+    bool setupCancelled_ = false;
+    std::string openedDocument_, openedList_;  ///< what the program was started with
     bool noDocument_ = false;  ///< the document that the command line names can't be opened, nor the default one
 };
 

@@ -11,12 +11,14 @@
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "startup/gatehouse.h"
+#include "startup/version.h"
 
 namespace gatehouse {
 
 namespace {
 
 constexpr int kYieldsBeforeReady = 100;
+constexpr std::string_view kListEnd = ".ghs";
 
 /// What the list "When Gatehouse Starts," offers.
 enum StartWith { kLastFile, kDefaultFile, kChooseFile };
@@ -33,9 +35,11 @@ void Gatehouse::StartupDriver() {
     setProgramPaths();
     createLog();
     readOptions();
+    if (setupCancelled_) return;
     placePanels();
     fillInitialValues();
     mods.aliases.loadAliases();
+    if (!openedList_.empty()) run.CurrentServerList = openedList_;
     servers.lists.LoadServerList(run.CurrentServerList);
     findMods();
     findMapsAndModels();
@@ -43,7 +47,7 @@ void Gatehouse::StartupDriver() {
     if (!loadChosenDocument()) return;
     content.maps.markRotation(config.doc.maplist);
     try {
-        rules.modes.sbar_GroupClick(run.CurrentMode.get());
+        rules.modes.sbar_GroupClick(openedList_.empty() ? run.CurrentMode.get() : std::int16_t{kConnect});
     } catch (const RuntimeFailure&) {
         // The one step whose errors are ignored: the window comes up in whatever mode stands.
     }
@@ -73,11 +77,20 @@ void Gatehouse::checkRunningCopy() {
 }
 
 void Gatehouse::setProgramPaths() {
-    run.VersionString = zeroPadded(GATEHOUSE_VERSION_MAJOR, 2) + "." + zeroPadded(GATEHOUSE_VERSION_MINOR, 2) + "." +
-                        zeroPadded(GATEHOUSE_VERSION_REVISION, 2);
+    run.VersionString = versionString();
     run.AppDir = programFolder_ + "\\";
     startup.options.ghcdir.setText(run.AppDir);
     run.CommandLine = trim(lower(services_.processes.commandLine()));
+    takeFileArgument();
+}
+
+void Gatehouse::takeFileArgument() {
+    const auto file = services_.processes.fileArgument();
+    if (!file) return;
+    const bool isList = endsWithNoCase(*file, kListEnd);
+    (isList ? openedList_ : openedDocument_) = *file;
+    // As if it had been named with two characters in front: its own would be taken for them.
+    run.CommandLine = isList ? "" : "o " + lower(*file);
 }
 
 void Gatehouse::createLog() {
@@ -147,7 +160,7 @@ bool Gatehouse::locateGame() {
          .safeAnswer = Answer::Yes});  // nobody wants a disk scanned that nobody watches
     if (shown == Answer::No) {
         startup.options.q3FilePath.setText(startup.finder.scanHardDisks());
-        if (startup.options.q3FilePath.text().empty())
+        if (startup.options.q3FilePath.text().empty() && !startup.splash.stopped)
             services_.dialogs.show({.title = "Initial Setup",
                                     .text = "I could not find Quake 3. You will have\r\nto find it for me."});
     }
@@ -165,6 +178,13 @@ void Gatehouse::firstTimeSetup() {
     run.FirstRun = true;
     if (!locateGame()) {
         closeAllWindows();
+        if (!services_.dialogs.canAsk()) return;  // the first step that needs the game fails
+        setupCancelled_ = true;
+        services_.dialogs.show({.title = "Initial Setup",
+                                .text = "Without the game there is nothing to set up, so Gatehouse ends here.\r\n"
+                                        "Nothing was stored.\r\n\r\nStart it again when you know where the game is: "
+                                        "it will ask you once more.",
+                                .icon = Icon::Information});
         return;
     }
     startup.options.q3startwith.setIndex(0);
@@ -235,7 +255,7 @@ void Gatehouse::chooseDocument() {
     if (!run.CommandLine.empty()) {
         if (run.CommandLine.size() < 2)
             throw RuntimeFailure("The command line " + quoted(run.CommandLine) + " is too short to name a document");
-        run.CurrentConfigPath = cut(run.CommandLine, 2, 0);
+        run.CurrentConfigPath = openedDocument_.empty() ? cut(run.CommandLine, 2, 0) : openedDocument_;
         if (!services_.files.fileExists(run.CurrentConfigPath)) run.CurrentConfigPath = config.documents.defaultPath();
         return;
     }

@@ -139,7 +139,7 @@ cmp -s "$document" <(filled_in "$cases/document.ghc") || fail 'the document was 
 as_ordinary_user() {
     [[ $(id -u) == 0 ]] || return 0
     chmod 755 "$scratch"
-    [[ $program == "$scratch"/* ]] || cp "$program" "$scratch/gatehouse"
+    [[ $program == "$scratch"/* ]] || cp -r "$program" "$build_dir/data" "$scratch"
     program=$scratch/gatehouse
     chown -R 65534:65534 "$scratch/world" "$scratch/runtime"
     run_as=(setpriv --reuid=65534 --regid=65534 --clear-groups)

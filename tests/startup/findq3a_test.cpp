@@ -31,10 +31,33 @@ TEST_F(FindQ3aTest, ARefusedCopyHidesItsSubFoldersAndTheSearchGoesOn) {
     EXPECT_EQ(finder.scanHardDisks(), "");
 }
 
-TEST_F(FindQ3aTest, TheFolderIsThePathLessTenCharacters) {
-    EXPECT_EQ(gameFolderOf(" C:\\Games\\Q3\\quake3.exe "), "C:\\Games\\Q3\\");
-    EXPECT_EQ(gameFolderOf("C:\\Games\\Q3\\q3.exe"), "C:\\Games");
+TEST_F(FindQ3aTest, AStoppedSearchAsksNothingMore) {
+    for (const char* game : {"C:\\a\\quake3.exe", "C:\\b\\quake3.exe"}) world.files.put(game, "");
+    splash.visible.set(true);
+    splash.splashmsg.changed.connect([this] {
+        EXPECT_TRUE(splash.scanning.get());
+        if (splash.splashmsg.get().ends_with("\\a")) splash.stop_Click();
+    });
+    world.dialogs.answer("Initial Setup", Answer::No);
+    EXPECT_EQ(finder.scanHardDisks(), "");
+    EXPECT_EQ(world.dialogs.shown.size(), 1u);
+    EXPECT_FALSE(splash.scanning.get());
+}
+
+TEST_F(FindQ3aTest, TheGameMayHaveAnotherName) {
+    struct Case {
+        const char *path, *folder, *program;
+    };
+    for (const Case& one : {Case{" C:\\Games\\Q3\\Quake3.exe ", "C:\\Games\\Q3\\", "quake3.exe"},
+                            Case{"C:\\Games\\Q3\\q3.exe", "C:\\Games\\Q3\\", "q3.exe"},
+                            Case{"C:\\ioquake3", "C:\\", "ioquake3"},
+                            Case{"C:\\Q3\\quake3.x86_64", "C:\\Q3\\", "quake3.x86_64"},
+                            Case{"C:\\Q3\\my game", "C:\\Q3\\", "\"my game\""}}) {
+        EXPECT_EQ(gameFolderOf(one.path), one.folder);
+        EXPECT_EQ(gameProgramOf(one.path), one.program);
+    }
     EXPECT_THROW(gameFolderOf("none"), RuntimeFailure);
+    EXPECT_EQ(gameProgramOf("none"), "quake3.exe");
 }
 
 TEST_F(FindQ3aTest, AnOlderBackupCountsWhenTheCopyFails) {

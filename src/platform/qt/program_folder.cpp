@@ -21,6 +21,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kLargestFile = std::size_t{16} << 20;
+/// A file that the program's data always holds.
+constexpr const char* kAlwaysThere = "aliases.txt";
 /// The list of what was brought into the folder, in the folder itself.
 constexpr const char* kBrought = ".brought";
 
@@ -84,6 +86,18 @@ bool isReadOnly(const fs::path& folder) {
 }
 
 }  // namespace
+
+std::string dataFolder() {
+    std::error_code unknown;
+    const fs::path program = fs::read_symlink("/proc/self/exe", unknown).parent_path();
+    const fs::path places[] = {program.parent_path() / "share/gatehouse", GATEHOUSE_INSTALLED_DATA, program / "data"};
+    std::string looked;
+    for (const fs::path& place : places) {
+        if (fs::exists(place / kAlwaysThere, unknown)) return place.string();
+        looked += " " + place.string();
+    }
+    throw RuntimeFailure("The program's data is in none of these folders:" + looked);
+}
 
 std::string prepareProgramFolder(const std::string& dataFolder) {
     const std::string home = variable("GATEHOUSE_HOME");

@@ -61,6 +61,9 @@ std::string absolute(const std::string& native) {
 
 QtProcesses::QtProcesses(int argc, const char* const* argv) {
     for (int i = 1; i < argc; ++i) commandLine_ += (i > 1 ? " " : "") + std::string(argv[i]);
+    std::error_code none;
+    if (argc == 2 && std::filesystem::is_regular_file(argv[1], none))
+        fileArgument_ = toProgramPath(std::filesystem::absolute(argv[1], none).lexically_normal().string());
 }
 
 std::string QtProcesses::environment(int position) const {

@@ -13,6 +13,7 @@ class QtProcesses : public Processes {
 public:
     QtProcesses(int argc, const char* const* argv);
 
+    std::optional<std::string> fileArgument() const override { return fileArgument_; }
     std::string commandLine() const override { return commandLine_; }
     std::string environment(int position) const override;
     int osPlatformId() const override;
@@ -27,6 +28,7 @@ private:
     void startIn(const std::string& folder, const std::vector<std::string>& arguments);
 
     std::string commandLine_;
+    std::optional<std::string> fileArgument_;
     ChildPrograms games_;
 };
 

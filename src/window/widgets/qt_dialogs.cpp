@@ -278,10 +278,12 @@ bool QtDialogs::canChoose(const std::string& title) const {
 }
 
 bool QtDialogs::refuses(const FileDialog& dialog, bool saving, const std::string& title, const std::string& path) {
+    const bool mustBeThere =
+        dialog.mustBeThere || (!dialog.mustExist.empty() && endsWithNoCase(path, dialog.mustExist));
     std::string reason;
     if (saving && !isFolder(nativeFolder(path)))
         reason = "There is no folder " + nativeFolder(path);
-    else if (!saving && !dialog.mustExist.empty() && endsWithNoCase(path, dialog.mustExist) && !isReadable(path))
+    else if (!saving && mustBeThere && (!isReadable(path) || isFolder(path)))
         reason = "There is no file to read at " + path;
     if (reason.empty()) return false;
     show({.title = title, .text = reason + ".", .icon = Icon::Stop});

@@ -175,6 +175,7 @@ public:
 
 class FakeProcesses : public Processes {
 public:
+    std::optional<std::string> fileArgument() const override { return fileGiven; }
     std::string commandLine() const override { return line; }
     std::string environment(int position) const override;
     int osPlatformId() const override { return platformId; }
@@ -188,6 +189,7 @@ public:
     int platformId = 2;
     bool failToStart = false;
     std::vector<std::string> started;  ///< `<interpreter> /c "<batch>"`, or `<folder>|<program line>`
+    std::optional<std::string> fileGiven;
 };
 
 class FakeMachine : public Machine {
