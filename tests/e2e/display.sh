@@ -75,6 +75,8 @@ expect_end() {
 
 press() { xdotool key --clearmodifiers "$1"; }
 
+program_arguments=()
+
 # Starts the program on the display, through the given command. What a library of the toolkit leaks where there is no
 # message bus is none of ours, when the program was built to look for leaks.
 start_program() {
@@ -82,7 +84,7 @@ start_program() {
     world_environment
     printf 'leak:libdbus-1\n' >"$scratch/leaks"
     environment+=(QT_QPA_PLATFORM=xcb LSAN_OPTIONS="suppressions=$scratch/leaks:print_suppressions=0")
-    (cd "$world" && exec env -u WAYLAND_DISPLAY "${environment[@]}" "$@" "$program") \
+    (cd "$world" && exec env -u WAYLAND_DISPLAY "${environment[@]}" "$@" "$program" "${program_arguments[@]}") \
         >"$scratch/stdout" 2>"$scratch/stderr" </dev/null &
     program_pid=$!
     started_pids+=("$program_pid")
