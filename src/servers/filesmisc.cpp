@@ -77,15 +77,21 @@ std::string serverLine(const ServerEntry& entry) {
 
 }  // namespace
 
+std::string ServerLists::pathOf(const std::string& name) const {
+    // One that the program was started with may lie anywhere.
+    const bool isWhole = name.size() > 2 && name[1] == ':' && name[2] == '\\';
+    return isWhole ? name : ghcdir_.text() + name;
+}
+
 void ServerLists::LoadServerList(std::string& name) {
     iplist_.clear();
     enableRowButtons(false);
     log_.logEvent("Opening Server List: " + name);
-    if (!files_.fileExists(ghcdir_.text() + name)) {
+    if (!files_.fileExists(pathOf(name))) {
         log_.logEvent("Could not find " + name + ", loading default.ghs instead", true);
         name = kDefaultList;
     }
-    const std::string path = ghcdir_.text() + name;
+    const std::string path = pathOf(name);
     std::unique_ptr<TextReader> file;
     try {
         file = files_.openText(path);
@@ -139,7 +145,7 @@ std::string ServerLists::fileText() const {
 void ServerLists::SaveServerList(const std::string& name) {
     log_.logEvent("Saving servers list");
     if (!readInPart_.empty() && equalNoCase(name, readInPart_) && !overwriteWanted(name)) return;
-    const std::string path = ghcdir_.text() + name;
+    const std::string path = pathOf(name);
     const std::string text = fileText();
     std::unique_ptr<TextWriter> file;
     try {

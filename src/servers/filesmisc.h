@@ -12,7 +12,7 @@
 
 namespace gatehouse {
 
-/// The `.ghs` files: lists of servers, kept in the folder that the option `ghcdir` names. No failure here goes beyond
+/// The `.ghs` files: lists of servers, kept in the folder that the option `ghcdir` names, or anywhere by their whole paths. No failure here goes beyond
 /// the log, but for a list that can't be saved: that is told.
 class ServerLists {
 public:
@@ -34,6 +34,7 @@ public:
     std::string fileText() const;
 
 private:
+    std::string pathOf(const std::string& name) const;
     void readRows(TextReader& file);
     void enableRowButtons(bool enabled);
     /// Whether to write over a list of which only a part is in the table.

@@ -56,7 +56,8 @@ title=$(program_path "$app/default.ghc")
 wait_for_window "^${title//\\/.}"
 "$python" "$e2e_dir/newcomer.py" overview || fail 'no overview'
 picture overview
-press ctrl+2 ctrl+r
+press ctrl+2
+press ctrl+r
 for ((tries = 0; tries < 100; tries++)); do
     grep -qs '^run pid' "$journal" && break
     sleep 0.1

@@ -71,12 +71,18 @@ void HelpView::showPage() {
 void HelpView::showAnchor() {
     const QString anchor = shown(viewer_.place.get().anchor);
     QTextCursor cursor = anchor.isEmpty() ? QTextCursor(document()) : cursorAt(*document(), anchor);
+    // From its first words on, Tab goes to the next link: without a selection it would begin at the top of the page.
+    const QTextBlock::iterator words = cursor.block().begin();
+    if (!anchor.isEmpty() && !words.atEnd()) {
+        cursor.setPosition(words.fragment().position() + words.fragment().length());
+        cursor.setPosition(words.fragment().position(), QTextCursor::KeepAnchor);
+    }
     setTextCursor(cursor);
     // The paragraph itself stands at the top, with a little of what is above it.
     const QRectF place = document()->documentLayout()->blockBoundingRect(cursor.block());
     verticalScrollBar()->setValue(anchor.isEmpty() ? 0 : qMax(0, int(place.top()) - kMargin));
     QTextEdit::ExtraSelection mark;
-    mark.cursor = cursor;
+    mark.cursor = QTextCursor(cursor.block());
     mark.cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     QColor ground = palette().color(QPalette::Highlight);
     ground.setAlpha(48);
