@@ -64,8 +64,10 @@ std::optional<std::string> terminalAnswer(int argc, char** argv) {
     return "Settings and servers for Quake 3: Arena\n\n"
            "usage: gatehouse               open the window\n"
            "       gatehouse FILE          open it with a document (.ghc) or a server list (.ghs)\n"
-           "       gatehouse \"o PATH\"      the same, by the program's own form of a path, such as C:\\home\\me\\war.ghc\n"
-           "       gatehouse \"r PATH\"      start the game with a document, and leave; the exit status is 1 if that failed\n"
+           "       gatehouse \"o PATH\"      the same, by the program's own form of a path, such as "
+           "C:\\home\\me\\war.ghc\n"
+           "       gatehouse \"r PATH\"      start the game with a document, and leave; the exit status is 1 if that "
+           "failed\n"
            "       gatehouse --help        this text\n"
            "       gatehouse --version     the version\n\n"
            "Documents, lists and logs are in ~/.local/share/gatehouse, or in $GATEHOUSE_HOME. See gatehouse(1).";

@@ -25,8 +25,8 @@ public:
         : windows(services.windows, services.events, services.clock, ground.log),
           setup(ground, from.options.ghcdir, from.options.democount),
           run({ground, services, from.options.ghcdir, from.options.extracmdline, from.options.q3FilePath,
-               from.options.democount, from.options.q3bwait, from.options.q3staleaction, setup, from.documents, from.gameConfig, windows,
-               from.q3status}),
+               from.options.democount, from.options.q3bwait, from.options.q3staleaction, setup, from.documents,
+               from.gameConfig, windows, from.q3status}),
           results(ground, services) {
         has(run.stale.waitwindow);
         has(results.q3results);

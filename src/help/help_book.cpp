@@ -16,6 +16,20 @@ namespace {
 
 constexpr std::array<std::string_view, 5> kBlockTags = {"h1", "h2", "h3", "p", "li"};
 
+/// How a link to a control begins.
+constexpr std::string_view kShowLink = " <a href=\"show:";
+
+/// A paragraph without its links to controls: it is read elsewhere than in its page.
+std::string withoutShowLinks(std::string html) {
+    constexpr std::string_view kEnd = "</a>";
+    for (auto begin = html.find(kShowLink.substr(1)); begin != std::string::npos;
+         begin = html.find(kShowLink.substr(1))) {
+        const auto end = html.find(kEnd, begin);
+        html.erase(begin, end == std::string::npos ? end : end + kEnd.size() - begin);
+    }
+    return html;
+}
+
 std::string block(std::string_view tag, std::string_view names, const std::string& inside) {
     std::string text = "<" + std::string(tag);
     if (!names.empty()) text += " id=\"" + std::string(names) + "\"";
@@ -84,8 +98,8 @@ std::string HelpBook::topicLink(std::string_view topic, const std::string& text)
     return "<a href=\"topic:" + std::string(topic) + "\">" + escaped(text) + "</a>";
 }
 
-std::string HelpBook::showLink(std::string_view name) const {
-    return from_.canShow(name) ? " <a href=\"show:" + std::string(name) + "\">Show it</a>" : "";
+std::string HelpBook::showLink(std::string_view name, const std::string& words) const {
+    return from_.canShow(name) ? std::string(kShowLink) + std::string(name) + "\">" + words + "</a>" : "";
 }
 
 std::string HelpBook::setting(const Field& field, const About& abouts) {
@@ -156,7 +170,11 @@ std::string HelpBook::replacement(const std::string& reference, const About& abo
         try {
             if (kind == "command") return topicLink(name, pathOf(commandInfo(name)));
             if (kind == "key") return "<b>" + escaped(firstKey(commandInfo(name))) + "</b>";
-            if (kind == "show" && from_.canShow(name)) return showLink(name).substr(1);
+            if (kind == "show" && from_.canShow(name)) {
+                const auto behind = reference.find(name) + name.size();
+                return showLink(name, behind < reference.size() ? escaped(trim(reference.substr(behind))) : "Show it")
+                    .substr(1);
+            }
             const DialogInfo& window = dialogInfo(name);
             if (kind == "window-title") return topicLink(name, trim(window.title));
             if (kind == "window")
@@ -230,7 +248,7 @@ HelpBook::Page HelpBook::make(int number) {
             const std::string inside = source.substr(at, end - at);
             const bool first = name == names.front();
             // A further name is one more way to the same paragraph, and no paragraph of its own.
-            page.blocks.push_back({first ? tag : "", name, inside, first ? plainText(inside) : ""});
+            page.blocks.push_back({first ? tag : "", name, inside, first ? plainText(withoutShowLinks(inside)) : ""});
         }
     }
     page.html += source.substr(at);
@@ -243,6 +261,10 @@ const std::vector<HelpBook::Page>& HelpBook::all() {
         all_.push_back(make(number));
         topics_[std::string(kHelpPages[static_cast<std::size_t>(number)])] = {number};
         for (const Block& one : all_.back().blocks) topics_.try_emplace(one.anchor, HelpPlace{number, one.anchor});
+    }
+    for (int frame = 0; frame <= kHelpFrame; ++frame) {
+        const HelpPlace page{frame < kHelpFrame ? kReferencePages + frame : kFirstHelpPage};
+        topics_.try_emplace(std::string(tabInfo(static_cast<Frame>(frame)).key), page);
     }
     return all_;
 }
@@ -262,12 +284,13 @@ std::string HelpBook::paragraphOf(std::string_view topic) {
     std::string html = found->html;
     // A heading is told by what stands below it.
     if (found->tag.starts_with('h') && found + 1 != blocks.end()) html = "<b>" + html + "</b><br/>" + (found + 1)->html;
+    html = withoutShowLinks(std::move(html));
     for (auto begin = html.find("<a "); begin != std::string::npos; begin = html.find("<a ")) {
         const auto end = html.find('>', begin);
         html.erase(begin, end + 1 - begin);
     }
-    for (const std::string_view gone : {"</a>", "Show it"})
-        for (auto at = html.find(gone); at != std::string::npos; at = html.find(gone)) html.erase(at, gone.size());
+    constexpr std::string_view kEnd = "</a>";
+    for (auto at = html.find(kEnd); at != std::string::npos; at = html.find(kEnd)) html.erase(at, kEnd.size());
     return html;
 }
 
@@ -286,7 +309,7 @@ std::vector<HelpHit> HelpBook::search(std::string_view text) {
     const std::vector<std::string> words = wordsOf(lower(text));
     if (words.empty()) return {};
     constexpr std::size_t kFirstWords = 40;
-    std::vector<HelpHit> first, later;
+    std::vector<std::pair<int, HelpHit>> found;
     for (std::size_t number = 0; number < all().size(); ++number) {
         const int page = static_cast<int>(number);
         std::string above;
@@ -300,12 +323,16 @@ std::vector<HelpHit> HelpBook::search(std::string_view text) {
             };
             if (one.tag.empty() || !isIn(held)) continue;
             const std::string heading = title(page) + (above.empty() ? "" : " > " + above);
-            (isIn(std::string_view(held).substr(0, kFirstWords)) ? first : later)
-                .push_back({{page, one.anchor}, heading, one.text});
+            const int rank = held.starts_with(words.front())                       ? 0
+                             : isIn(std::string_view(held).substr(0, kFirstWords)) ? 1
+                                                                                   : 2;
+            found.emplace_back(rank, HelpHit{{page, one.anchor}, heading, one.text});
         }
     }
-    first.insert(first.end(), later.begin(), later.end());
-    return first;
+    std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<HelpHit> hits;
+    for (auto& [rank, hit] : found) hits.push_back(std::move(hit));
+    return hits;
 }
 
 const std::vector<std::string>& HelpBook::faults() {

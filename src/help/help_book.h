@@ -39,7 +39,7 @@ struct HelpHit {
 ///                                                         the others are found there too
 ///     {field NAME}  {command NAME}  {key NAME}            caption, menu path, key
 ///     {tab KEY}  {mode N}  {window-title FORM}            links by their captions
-///     {show NAME}                                         "Show it"
+///     {show NAME words}                                   a link to the control, "Show it" without words
 class HelpBook {
 public:
     struct Sources {
@@ -61,7 +61,8 @@ public:
     /// What it tells there, as HTML without links; empty if it doesn't.
     std::string paragraphOf(std::string_view topic);
     std::vector<HelpHeading> contents();
-    /// The paragraphs that hold every word of the text in any case, those first that hold them in their first words.
+    /// The paragraphs that hold every word of the text in any case: first those that begin with the first word, then
+    /// those that hold all of them in their first words.
     std::vector<HelpHit> search(std::string_view text);
     /// References that lead nowhere.
     const std::vector<std::string>& faults();
@@ -85,7 +86,7 @@ private:
     std::string settings(std::string_view group, const About& abouts);
     std::string setting(const Field& field, const About& abouts);
     std::string commandList(std::string_view place, const About& abouts);
-    std::string showLink(std::string_view name) const;
+    std::string showLink(std::string_view name, const std::string& words = "Show it") const;
     std::string topicLink(std::string_view topic, const std::string& text);
     const Field* findField(std::string_view name) const;
     const SettingFacts& facts();

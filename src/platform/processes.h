@@ -13,7 +13,8 @@ public:
 
     /// The arguments of this process joined by one blank, without the program's name.
     virtual std::string commandLine() const = 0;
-    /// The file that the one and only argument names, in the program's form; nothing if there are more, or no such file.
+    /// The file that the one and only argument names, in the program's form; nothing if there are more, or no such
+    /// file.
     virtual std::optional<std::string> fileArgument() const = 0;
     /// The environment by position from 1, as "NAME=value"; empty behind the last one.
     virtual std::string environment(int position) const = 0;

@@ -12,8 +12,8 @@
 
 namespace gatehouse {
 
-/// The `.ghs` files: lists of servers, kept in the folder that the option `ghcdir` names, or anywhere by their whole paths. No failure here goes beyond
-/// the log, but for a list that can't be saved: that is told.
+/// The `.ghs` files: lists of servers, kept in the folder that the option `ghcdir` names, or anywhere by their whole
+/// paths. No failure here goes beyond the log, but for a list that can't be saved: that is told.
 class ServerLists {
 public:
     ServerLists(const Ground& ground, const TextField& ghcdir, ServerTable& iplist)

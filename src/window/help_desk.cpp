@@ -55,11 +55,8 @@ std::string HelpDesk::topicOf(const QWidget* widget) const {
     return {};
 }
 
-void HelpDesk::helpOnFocus() {
-    const QWidget* asked = QApplication::activePopupWidget();
-    if (!qobject_cast<const QMenu*>(asked)) asked = QApplication::focusWidget();
-    if (!asked) asked = QApplication::activeWindow();
-    const std::string topic = topicOf(asked);
+void HelpDesk::helpOn(const QWidget& asked) {
+    const std::string topic = topicOf(&asked);
     while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
     rules_.helpOn(topic);
 }
@@ -84,7 +81,7 @@ bool HelpDesk::eventFilter(QObject* watched, QEvent* event) {
             if (static_cast<QKeyEvent*>(event)->modifiers() & Qt::ShiftModifier)
                 QWhatsThis::enterWhatsThisMode();
             else
-                helpOnFocus();
+                helpOn(*widget);
             return true;
         case QEvent::QueryWhatsThis:
             event->setAccepted(!topicOf(widget).empty());

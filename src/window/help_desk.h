@@ -28,7 +28,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void helpOnFocus();
+    void helpOn(const QWidget& asked);
     bool showWhatsThis(QWidget& widget, const QHelpEvent& event);
 
     HelpRules& rules_;

@@ -27,8 +27,9 @@ namespace gatehouse {
 namespace {
 
 constexpr QSize kSize{900, 640};
+constexpr QSize kFrame{8, 36};  // what the window manager may draw around it
 constexpr int kGap = 8;
-constexpr int kSideLetters = 30;
+constexpr int kSideLetters = 20;
 constexpr std::size_t kLongestHit = 140;
 constexpr std::size_t kMostHits = 200;
 
@@ -55,11 +56,12 @@ HelpWindow::HelpWindow(HelpRules& rules) : rules_(rules), view_(new HelpView(rul
     split->addWidget(makeSide());
     split->addWidget(right);
     split->setStretchFactor(1, 1);
+    split->setSizes({kSize.width() / 3, kSize.width() * 2 / 3});
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(kGap, kGap, kGap, kGap);
     whole->addWidget(split);
     fillContents();
-    resize(kSize.boundedTo(screen()->availableSize()));
+    placeBeside(QApplication::activeWindow());
     view_->setFocus();
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
         search_->setFocus(Qt::ShortcutFocusReason);
@@ -70,6 +72,15 @@ HelpWindow::HelpWindow(HelpRules& rules) : rules_(rules), view_(new HelpView(rul
         if (!rules_.window.shown.get()) hide();
     });
     comeToFront();
+}
+
+void HelpWindow::placeBeside(const QWidget* front) {
+    const QRect room = (front ? front : this)->screen()->availableGeometry();
+    resize(kSize.boundedTo(room.size() - kFrame));
+    // At the right, so that of the window that it tells about as much as possible is to be seen.
+    const int top = front ? front->frameGeometry().top() : room.top();
+    const int lowest = room.bottom() - height() - kFrame.height();
+    move(room.right() - width() - kFrame.width(), qBound(room.top(), top, qMax(room.top(), lowest)));
 }
 
 QWidget* HelpWindow::makeSide() {

@@ -27,6 +27,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void placeBeside(const QWidget* front);
     QWidget* makeSide();
     void fillContents();
     void search(const QString& text);

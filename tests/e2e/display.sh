@@ -45,6 +45,11 @@ picture() {
     if [[ -n ${PICTURES:-} ]]; then import -window root "$PICTURES/$1.png"; fi
 }
 
+# A picture of the window alone that was waited for last.
+window_picture() {
+    if [[ -n ${PICTURES:-} ]]; then import -window "$window" "$PICTURES/$1.png"; fi
+}
+
 # Waits for a window whose title matches and gives it the keyboard.
 wait_for_window() {
     local tries

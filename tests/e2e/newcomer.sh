@@ -55,7 +55,7 @@ press Return
 title=$(program_path "$app/default.ghc")
 wait_for_window "^${title//\\/.}"
 "$python" "$e2e_dir/newcomer.py" overview || fail 'no overview'
-picture overview
+window_picture help
 press ctrl+2
 press ctrl+r
 for ((tries = 0; tries < 100; tries++)); do
@@ -87,6 +87,7 @@ title=$(program_path "$documents/red war.ghc")
 wait_for_window "^${title//\\/.}"
 "$python" "$e2e_dir/newcomer.py" opened || fail 'another document'
 wait_for_window "^${title//\\/.}"
+window_picture main-window
 press alt+F4
 expect_end 0
 expect_silence

@@ -37,7 +37,8 @@ protected:
     TextField extracmdline{options, {.name = "extracmdline"}};
     TextField q3FilePath{options, {.name = "q3FilePath"}, "C:\\Q3\\quake3.exe"};
     ServerTable iplist;
-    RunCommand command{{world.ground, world.processes, doc, mods, iplist, q3runoptions, extracmdline, q3FilePath, gameConfig}};
+    RunCommand command{
+        {world.ground, world.processes, doc, mods, iplist, q3runoptions, extracmdline, q3FilePath, gameConfig}};
 };
 
 TEST_F(RunCommandTest, ConnectMatchesTheGoldenFiles) {

@@ -48,11 +48,11 @@ TEST_F(FindQ3aTest, TheGameMayHaveAnotherName) {
     struct Case {
         const char *path, *folder, *program;
     };
-    for (const Case& one : {Case{" C:\\Games\\Q3\\Quake3.exe ", "C:\\Games\\Q3\\", "quake3.exe"},
-                            Case{"C:\\Games\\Q3\\q3.exe", "C:\\Games\\Q3\\", "q3.exe"},
-                            Case{"C:\\ioquake3", "C:\\", "ioquake3"},
-                            Case{"C:\\Q3\\quake3.x86_64", "C:\\Q3\\", "quake3.x86_64"},
-                            Case{"C:\\Q3\\my game", "C:\\Q3\\", "\"my game\""}}) {
+    for (const Case& one :
+         {Case{" C:\\Games\\Q3\\Quake3.exe ", "C:\\Games\\Q3\\", "quake3.exe"},
+          Case{"C:\\Games\\Q3\\q3.exe", "C:\\Games\\Q3\\", "q3.exe"}, Case{"C:\\ioquake3", "C:\\", "ioquake3"},
+          Case{"C:\\Q3\\quake3.x86_64", "C:\\Q3\\", "quake3.x86_64"},
+          Case{"C:\\Q3\\my game", "C:\\Q3\\", "\"my game\""}}) {
         EXPECT_EQ(gameFolderOf(one.path), one.folder);
         EXPECT_EQ(gameProgramOf(one.path), one.program);
     }

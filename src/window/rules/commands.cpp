@@ -75,12 +75,12 @@ constexpr CommandInfo kCommands[] = {
 
     {"newipOK", "q3newip", "OK", "", "Take the address"},
     {"newipCancel", "q3newip", "Cancel", "", "Leave the list as it is"},
-    {"plistclose", "q3players", "&Close"},
+    {"plistclose", "q3players", "&Close", "", "Close the list"},
     {"pakOK", "q3pakmaps", "OK", "", "Add the chosen map"},
     {"pakcancel", "q3pakmaps", "Cancel", "", "Add none"},
     {"newbotOK", "q3newbot", "OK", "", "Add the bot"},
     {"newbotcancel", "q3newbot", "Cancel", "", "Add none"},
-    {"modclose", "q3mod", "&Close"},
+    {"modclose", "q3mod", "&Close", "", "Done; each option was taken as you changed it"},
     {"q3resetcurrent", "q3resetprompt", "C&urrent", "", "Reset the tab on show"},
     {"q3resetall", "q3resetprompt", "&All", "", "Reset all tabs"},
     {"q3resetcancel", "q3resetprompt", "Cancel", "", "Reset nothing"},
@@ -88,7 +88,7 @@ constexpr CommandInfo kCommands[] = {
     {"wnext", "waitwindow", "&Next", "", "Go on with the next iteration"},
     {"copyresults", "q3results", "&Copy Table", "", "Put the figures on the clipboard, to be pasted into a table"},
     {"saveresults", "q3results", "&Save As...", "", "Write the figures or the chart to a file"},
-    {"resultsclose", "q3results", "C&lose"},
+    {"resultsclose", "q3results", "C&lose", "", "Close the window; the runs are kept"},
     {"q3GetFile", "q3options", "&Browse...", "", "Choose the game's program"},
     {"ghcdirBrowse", "q3options", "Br&owse...", "", "Choose the folder of the documents"},
     {"editscripts", "q3options", "View &Scripts", "", "Shows the file of the script aliases"},
@@ -100,7 +100,7 @@ constexpr CommandInfo kCommands[] = {
     {"Hlink1", "q3about", "&Home page", "", "Opens the page of this program in your browser"},
     {"Hlink2", "q3about", "&Licence", "", "Shows under which terms this program may be used"},
     {"q3aboutfolder", "q3about", "&Program folder", "", "Opens the folder of this program's files"},
-    {"q3aboutOK", "q3about", "OK"},
+    {"q3aboutOK", "q3about", "OK", "", "Close"},
     {"scanstop", "scan", "&Stop", "Esc", "End the search and keep what was found"},
 };
 

@@ -72,10 +72,15 @@ void HelpView::showAnchor() {
     const QString anchor = shown(viewer_.place.get().anchor);
     QTextCursor cursor = anchor.isEmpty() ? QTextCursor(document()) : cursorAt(*document(), anchor);
     // From its first words on, Tab goes to the next link: without a selection it would begin at the top of the page.
-    const QTextBlock::iterator words = cursor.block().begin();
+    QTextBlock::iterator words = cursor.block().begin();
     if (!anchor.isEmpty() && !words.atEnd()) {
-        cursor.setPosition(words.fragment().position() + words.fragment().length());
-        cursor.setPosition(words.fragment().position(), QTextCursor::KeepAnchor);
+        const int begin = words.fragment().position();
+        const int weight = words.fragment().charFormat().fontWeight();
+        int end = begin;
+        for (; !words.atEnd() && words.fragment().charFormat().fontWeight() == weight; ++words)
+            end = words.fragment().position() + words.fragment().length();
+        cursor.setPosition(end);
+        cursor.setPosition(begin, QTextCursor::KeepAnchor);
     }
     setTextCursor(cursor);
     // The paragraph itself stands at the top, with a little of what is above it.
