@@ -20,9 +20,13 @@ mv "$game/quake3.exe" "$game/ioquake3"
 printf 'seta name "Old Hand"\r\n' >"$game/baseq3/q3config.cfg"
 through=()
 if [[ -n ${1:-} ]]; then
-    mkdir -p "$1$scratch"
-    mount --bind "$scratch" "$1$scratch"
-    mounted+=("$1$scratch")
+    # The world, and what leads to the message buses, is to be seen in there as well.
+    bus=$(sed -n 's/.*unix:path=\([^,;]*\).*/\1/p' <<<"$DBUS_SESSION_BUS_ADDRESS")
+    for shared in "$scratch" "$XDG_RUNTIME_DIR" "$bus"; do
+        if [[ -d $shared ]]; then mkdir -p "$1$shared"; elif [[ -e $shared ]]; then : >"$1$shared"; else continue; fi
+        mount --bind "$shared" "$1$shared"
+        mounted+=("$1$shared")
+    done
     program=/usr/bin/gatehouse
     through=(chroot "$1" env)
 fi

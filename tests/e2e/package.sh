@@ -19,7 +19,8 @@ files_of_root() {
 begin 'a fresh minimal system'
 # shellcheck source=/dev/null
 release=$(. /etc/os-release && printf '%s' "$VERSION_CODENAME")
-mmdebstrap --quiet --mode=root --variant=minbase "$release" "$root" || fail 'no minimal system'
+mmdebstrap --quiet --mode=root --variant=minbase --skip=cleanup/apt/lists "$release" "$root" || fail 'no minimal system'
+cp -L /etc/resolv.conf "$root/etc/"
 mount --bind /proc "$root/proc"
 mounted+=("$root/proc")
 
@@ -32,6 +33,7 @@ rm "$root/tmp/gatehouse.deb"
 files_of_root >"$scratch/installed"
 
 begin 'a first start in it'
+: >"$scratch/stdout"; : >"$scratch/stderr"
 "$e2e_dir/newcomer.sh" "$root" || fail 'the first start'
 
 begin 'the package is removed'
