@@ -128,7 +128,8 @@ int main(int argc, char** argv) {
         hintColour.emplace();
         splash.emplace(program.startup.splash, program.run);
         helpDesk.emplace(program.rules.help);
-        for (ScanView* view : {&program.content.mapScan.view, &program.content.modelScan.view})
+        for (ScanView* view :
+             {&program.startup.finder.q3getgame, &program.content.mapScan.view, &program.content.modelScan.view})
             scanWindows.push_back(std::make_unique<ScanWindow>(*view, 0));
         scanWindows.push_back(std::make_unique<ScanWindow>(program.mods.discovery.q3getmods, kModScanDelay));
     }

@@ -56,7 +56,11 @@ void takeDefaults(std::string_view kind, const std::vector<DocumentRow>& rows) {
 std::string rangeText(const Field& field) {
     if (const auto* list = dynamic_cast<const ListField*>(&field)) {
         std::string entries;
-        for (const Choice& choice : list->choices()) entries += (entries.empty() ? "" : ", ") + choice.text;
+        for (const Choice& choice : list->choices()) {
+            // Some read like sentences.
+            const auto end = choice.text.find_last_not_of('.');
+            entries += (entries.empty() ? "" : ", ") + choice.text.substr(0, end + 1);
+        }
         constexpr std::size_t kMostEntries = 12;
         return list->choices().empty() || list->choices().size() > kMostEntries ? "" : "One of: " + entries + ".";
     }

@@ -29,10 +29,7 @@ std::string GameFinder::scanHardDisks() {
     const int extent = splash_.splashbar.get();
     splash_.splashmsgCentred.set(false);
     FoundGamePath_.clear();
-    splash_.stopped = false;
-    splash_.scanning.set(true);
     searchDisks();
-    splash_.scanning.set(false);
     if (!FoundGamePath_.empty()) return FoundGamePath_;
     splash_.splashbar.set(extent);
     splash_.splashmsgCentred.set(true);
@@ -42,10 +39,11 @@ std::string GameFinder::scanHardDisks() {
 }
 
 void GameFinder::searchDisks() {
+    const Showing showing(q3getgame);
     for (const Drive& drive : files_.drives()) {
         if (drive.type != DriveType::Fixed) continue;
         scanFolder(drive.path + "\\");
-        if (!FoundGamePath_.empty() || splash_.stopped) return;
+        if (!FoundGamePath_.empty() || q3getgame.stopped()) return;
     }
 }
 
@@ -54,6 +52,8 @@ void GameFinder::showFolder(const std::string& path) {
     const int extent = splash_.splashbar.get() + 1;
     splash_.splashbar.set(extent > kSplashExtent ? 0 : extent);
     splash_.splashmsg.set("Scanning " + (path.size() < kLongPath ? path : left(path, 5) + "..." + right(path, 22)));
+    q3getgame.place.set(path);
+    q3getgame.pulse();
     events_.yield();
 }
 
@@ -68,7 +68,7 @@ void GameFinder::scanFolder(const std::string& path) {
         return;
     }
     for (const FolderEntry& folder : listing.folders) {
-        if (splash_.stopped) return;
+        if (q3getgame.stopped()) return;
         scanSubFolder(folder.path);
         if (!FoundGamePath_.empty()) return;
     }

@@ -2,6 +2,7 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
+#include "base/scan_view.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
@@ -19,6 +20,9 @@ namespace gatehouse {
 class GameFinder {
 public:
     GameFinder(const Ground& ground, SplashView& splash);
+
+    /// The window of the search. The splash tells where it is as well, but nothing on it can be pressed.
+    ScanView q3getgame{{"q3getgame", "gamelabel", "gameentry", "gameprog"}, "Looking for Quake 3"};
 
     /// Searches all fixed disks; asks about each copy found. The confirmed path; an empty text if there is none, or if
     /// the search was stopped.

@@ -160,7 +160,7 @@ bool Gatehouse::locateGame() {
          .safeAnswer = Answer::Yes});  // nobody wants a disk scanned that nobody watches
     if (shown == Answer::No) {
         startup.options.q3FilePath.setText(startup.finder.scanHardDisks());
-        if (startup.options.q3FilePath.text().empty() && !startup.splash.stopped)
+        if (startup.options.q3FilePath.text().empty() && !startup.finder.q3getgame.stopped())
             services_.dialogs.show({.title = "Initial Setup",
                                     .text = "I could not find Quake 3. You will have\r\nto find it for me."});
     }

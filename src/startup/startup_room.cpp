@@ -9,6 +9,7 @@ StartupRoom::StartupRoom(const Services& services)
       ground{services.files, services.dialogs, services.events, log, store, run, flags, pace},
       keeper(options, store, log, run),
       finder(ground, splash) {
+    has(finder.q3getgame.q3scan);
     restores(q3, splash, keeper);
 }
 

@@ -16,10 +16,6 @@ struct SplashView {
     Observable<std::string> splashmsg;   ///< the line logged last, or the folder being scanned
     Observable<bool> splashmsgCentred{true};
     Observable<std::string> files;       ///< file counter of the scan
-    Observable<bool> scanning{false};    ///< a scan is on, which `stop_Click` ends
-
-    void stop_Click() { stopped = true; }
-    bool stopped = false;
 
     void restoreDesign() {
         visible.set(false);
@@ -27,7 +23,6 @@ struct SplashView {
         splashmsg.set("");
         splashmsgCentred.set(true);
         files.set("");
-        scanning.set(false);
     }
 };
 

@@ -3,7 +3,6 @@
 #include "base/run_state.h"
 #include "platform/qt/shown_text.h"
 #include "startup/views.h"
-#include "window/widgets/command_views.h"
 #include "window/widgets/elided_label.h"
 #include "window/widgets/follow.h"
 #include "window/widgets/icons.h"
@@ -12,9 +11,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
 #include <QSvgRenderer>
 #include <QVBoxLayout>
 
@@ -96,7 +93,6 @@ SplashWindow::SplashWindow(SplashView& view, const RunState& run)
     column->addLayout(lower);
     addProgress(*lower, view);
     addTexts(*lower, view);
-    addStop(*lower, view);
     follow(this, view.visible, [this](bool visible) { visible ? showCentred() : hide(); });
 }
 
@@ -130,21 +126,6 @@ void SplashWindow::addTexts(QBoxLayout& column, SplashView& view) {
     follow(files, view.files, [files](const std::string& text) {
         files->setText(shown(text));
         files->setVisible(!text.empty());
-    });
-}
-
-void SplashWindow::addStop(QBoxLayout& column, SplashView& view) {
-    QPushButton* stop = makeCommandButton("scanstop", this);
-    stop->setDefault(true);
-    connect(stop, &QPushButton::clicked, this, [&view] { view.stop_Click(); });
-    connect(new QShortcut(Qt::Key_Escape, stop), &QShortcut::activated, stop, &QPushButton::click);
-    column.addWidget(stop, 0, Qt::AlignRight);
-    follow(stop, view.scanning, [this, stop](bool scanning) {
-        stop->setVisible(scanning);
-        if (!scanning) return;
-        // The window that only tells takes no keyboard; now there is something to be pressed.
-        activateWindow();
-        stop->setFocus();
     });
 }
 

@@ -21,7 +21,6 @@ public:
 private:
     void addProgress(QBoxLayout& column, SplashView& view);
     void addTexts(QBoxLayout& column, SplashView& view);
-    void addStop(QBoxLayout& column, SplashView& view);
     void showCentred();
 };
 

@@ -155,6 +155,24 @@ else
     picture found-question
     press alt+y
     finish_first_run found
+
+    begin 'the search is stopped: what is left is the dialog'
+    forget_everything
+    start_program "${isolate[@]}" env
+    wait_for_window '^Inital Setup'
+    press alt+n
+    wait_for_window '^Initial Setup' # the one copy that there is: the rest takes its time
+    press alt+n
+    wait_for_window '^Looking for Quake 3'
+    picture searching
+    press Escape
+    wait_for_window '^Where is quake3.exe'
+    press Escape
+    wait_for_window '^Initial Setup' # what to do the next time
+    picture stopped
+    press Return
+    expect_end 0
+    expect_silence
 fi
 
 case_name=

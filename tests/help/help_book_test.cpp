@@ -61,7 +61,7 @@ TEST_F(HelpTest, FactsComeFromTheDeclarations) {
     EXPECT_EQ(facts.line(doc.q3syncframe), "Game variable r_finish. At first on.");
     EXPECT_EQ(facts.firstValue(doc.q3gametype), "Free For All");
     EXPECT_EQ(facts.line(program.startup.options.q3overwrite),
-              "One of: Confirm overwrite., Always overwrite.. At first Confirm overwrite.");
+              "One of: Confirm overwrite, Always overwrite. At first Confirm overwrite.");
     // What is typed by anybody is no markup.
     program.config.doc.q3gametype.setChoices({{"<b>&", 0}});
     EXPECT_NE(HelpBook({program.rules.helpPages, doc, program.startup.keeper,

@@ -35,13 +35,13 @@ TEST_F(FindQ3aTest, AStoppedSearchAsksNothingMore) {
     for (const char* game : {"C:\\a\\quake3.exe", "C:\\b\\quake3.exe"}) world.files.put(game, "");
     splash.visible.set(true);
     splash.splashmsg.changed.connect([this] {
-        EXPECT_TRUE(splash.scanning.get());
-        if (splash.splashmsg.get().ends_with("\\a")) splash.stop_Click();
+        EXPECT_TRUE(finder.q3getgame.q3scan.get());
+        if (splash.splashmsg.get().ends_with("\\a")) finder.q3getgame.stop_Click();
     });
     world.dialogs.answer("Initial Setup", Answer::No);
     EXPECT_EQ(finder.scanHardDisks(), "");
     EXPECT_EQ(world.dialogs.shown.size(), 1u);
-    EXPECT_FALSE(splash.scanning.get());
+    EXPECT_FALSE(finder.q3getgame.q3scan.get());
 }
 
 TEST_F(FindQ3aTest, TheGameMayHaveAnotherName) {

@@ -11,13 +11,17 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
 #include <QTextBlock>
+#include <QWhatsThis>
 #include <QWindow>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace gatehouse {
 namespace {
@@ -101,6 +105,23 @@ TEST_F(HelpWindowsTest, F1TellsOfTheControlAndTheLinkLeadsBack) {
     program.rules.optionsRules.optionsOK_Click();
     QTest::keyClick(helpWindow(), Qt::Key_Escape);
     EXPECT_FALSE(help.window.shown.get() || helpWindow()->isVisible());
+}
+
+TEST_F(HelpWindowsTest, WhatsThisTellsOfWhatIsClicked) {
+    program.rules.modes.sbar_GroupClick(kListen);
+    auto* caption = window.findChild<QWidget*>("q3allowvote");
+    QEvent query(QEvent::QueryWhatsThis);
+    QCoreApplication::sendEvent(caption, &query);
+    EXPECT_TRUE(query.isAccepted());
+    QHelpEvent event(QEvent::WhatsThis, {}, {});
+    QCoreApplication::sendEvent(caption, &event);
+    const auto open = QApplication::topLevelWidgets();
+    EXPECT_TRUE(std::any_of(open.begin(), open.end(), [](const QWidget* one) {
+        return one->isVisible() && one->windowType() == Qt::Popup;
+    }));
+    EXPECT_TRUE(help.book.paragraphOf("q3allowvote").starts_with("<b>Voting</b> Lets the players"));
+    EXPECT_EQ(help.book.paragraphOf("q3allowvote").find("<a "), std::string::npos);
+    QWhatsThis::hideText();
 }
 
 TEST_F(HelpWindowsTest, TheSearchListsParagraphsAndGoesToThem) {

@@ -111,6 +111,7 @@ constexpr ListInfo kLists[] = {{"iplist", "servers"},       {"maptree", "maps"},
 constexpr DialogInfo kDialogs[] = {
     {"q3newip", "  New IP Address", "The address of a server, and the password that it asks for."},
     {"q3players", "Players", "Who plays on the server, with frags and ping."},
+    {"q3getgame", "Looking for Quake 3", "The search of all disks for the game. Each copy found is asked about."},
     {"q3getmods", "Looking for Mods",
      "The search for mods in the game's folder. It comes up only if it takes a while."},
     {"q3mod", "Mod Options", "What the chosen mod can be told, by its own definition file."},
