@@ -5,6 +5,8 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace gatehouse {
 
 std::string gameFolderOf(const std::string& executablePath) {
@@ -20,6 +22,9 @@ std::string gameProgramOf(const std::string& executablePath) {
     const std::string name = bareName(path);
     if (name.empty() || name.size() == path.size() || equalNoCase(name, kGameExecutable))
         return std::string(kGameExecutable);
+    const auto breaksLine = [](unsigned char c) { return c < ' ' || c == '"'; };
+    if (std::any_of(name.begin(), name.end(), breaksLine))
+        throw RuntimeFailure("The game's program " + quoted(oneLine(name)) + " can't be named in a command line");
     return name.find(' ') == std::string::npos ? name : quoted(name);
 }
 

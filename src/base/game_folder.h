@@ -18,7 +18,7 @@ inline constexpr std::string_view kGameArchive = "pak0.pk3";
 std::string gameFolderOf(const std::string& executablePath);
 
 /// How the program of that path is called in a command line that runs in its folder; the game's usual name where the
-/// path names no folder.
+/// path names no folder. Fails for a name that would end the line or its quotes.
 std::string gameProgramOf(const std::string& executablePath);
 
 /// A run that knows no folder of the game takes it from the path of the game's file. Fails where there is none either.

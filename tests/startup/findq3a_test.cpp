@@ -58,6 +58,7 @@ TEST_F(FindQ3aTest, TheGameMayHaveAnotherName) {
     }
     EXPECT_THROW(gameFolderOf("none"), RuntimeFailure);
     EXPECT_EQ(gameProgramOf("none"), "quake3.exe");
+    for (const char* bad : {"C:\\Q3\\a\" b", "C:\\Q3\\a\nformat c:"}) EXPECT_THROW(gameProgramOf(bad), RuntimeFailure);
 }
 
 TEST_F(FindQ3aTest, AnOlderBackupCountsWhenTheCopyFails) {
