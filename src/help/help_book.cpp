@@ -277,10 +277,13 @@ std::optional<HelpPlace> HelpBook::placeOf(std::string_view topic) {
 
 std::string HelpBook::paragraphOf(std::string_view topic) {
     const auto place = placeOf(topic);
-    if (!place || place->anchor.empty()) return {};
+    if (!place) return {};
     const auto& blocks = all()[static_cast<std::size_t>(place->page)].blocks;
-    const auto found =
-        std::find_if(blocks.begin(), blocks.end(), [&](const Block& one) { return one.anchor == place->anchor; });
+    // A page is told by its heading.
+    const auto found = std::find_if(blocks.begin(), blocks.end(), [&](const Block& one) {
+        return place->anchor.empty() ? one.tag == "h1" : one.anchor == place->anchor;
+    });
+    if (found == blocks.end()) return {};
     std::string html = found->html;
     // A heading is told by what stands below it.
     if (found->tag.starts_with('h') && found + 1 != blocks.end()) html = "<b>" + html + "</b><br/>" + (found + 1)->html;

@@ -46,6 +46,7 @@ TEST_F(HelpTest, TellsOfEveryFieldCommandAndWindowAndLeadsNowhereElse) {
     for (int frame = 0; frame < kHelpFrame; ++frame)
         EXPECT_EQ(help.book.title(kReferencePages + frame),
                   "The " + std::string(tabInfo(static_cast<Frame>(frame)).caption) + " tab");
+    EXPECT_TRUE(help.book.paragraphOf("maps").starts_with("<b>The Maps tab</b><br/>What is played"));
     for (int page : {-1, 15}) EXPECT_THROW(help.book.html(page), RuntimeFailure);
     EXPECT_THROW(CHelp(help.window).Show("", "", 15), RuntimeFailure);
 }
