@@ -17,7 +17,7 @@ CONTROLS = [
     ("Listen", "Player", "text", "Name", "Name Create colored"),
     ("Listen", "Keys", "push button", "Choose Key...", "Choose Key Pick a key"),
     ("Listen", "Video", "combo box", "Resolution", "Resolution Video mode"),
-    ("Listen", "Video", "slider", "Brightness", "Brightness 50 is"),
+    ("Listen", "Video", "slider", "Brightness", "Brightness In hundredths"),
     ("Listen", "Tweak 1", "spin button", "Normal FOV", "Normal FOV Degrees"),
     ("Listen", "Tweak 2", "check box", "Show FPS", "Show FPS Frames"),
 ]
