@@ -154,7 +154,7 @@ class Person(multiprocessing.Process):
 
 
 TROUBLE = ('Options', 'User Maps', 'Save Server List', 'Gatehouse', 'Critical Error', 'Error')
-BOXES = {'^Inital Setup$': ['alt+y'], '^Open$': ['ctrl+a', 'type @GAME@/quake3.exe', 'Return'],
+BOXES = {'^Inital Setup$': ['alt+y'], '^Where is quake3.exe.$': ['ctrl+a', 'type @GAME@/quake3.exe', 'Return'],
          '^First Time Setup$': ['Return'], '^User (Map|Model) Search$': ['Return'], '^Save Config$': ['Return'], '^Exit Gatehouse$': ['alt+y'],
          'New IP Address': ['Escape'], '^(' + '|'.join(TROUBLE) + ')$': ['Return']}
 
