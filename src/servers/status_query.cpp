@@ -4,6 +4,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "servers/status_reply.h"
+#include "servers/status_row.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,8 +18,6 @@ namespace gatehouse {
 namespace {
 
 constexpr long kPortDigits = 5;
-constexpr std::size_t kPingWidth = 4;
-constexpr std::size_t kPlayersWidth = 5;
 constexpr const char* kDumpFile = "C:\\out.txt";
 constexpr const char* kStandardPort = "27960";
 constexpr double kSecond = 1000;
@@ -169,35 +168,11 @@ void StatusQuery::takeReply(const std::string& reply) {
 }
 
 void StatusQuery::writeRow(const std::string& reply) {
-    const std::string mod = oneLine(FindCvar("fs_game", reply));
-    const std::string name = oneLine(FindCvar("sv_hostname", reply));
     const auto now = static_cast<std::uint32_t>(static_cast<std::int64_t>(parts_.clock.tickCount()));
     const std::string ping = std::to_string(now - QuerySentTick_);
-    const std::string count = std::to_string(playerCount(reply));
-    const std::string players = padLeft(count + "/" + oneLine(FindCvar("sv_maxclients", reply)), kPlayersWidth);
-    const std::string game = gameText(reply);
-    const std::string map = upper(oneLine(FindCvar("mapname", reply)));
-    const int row = rowOf(asked_);
-    if (row == 0) return;
-    parts_.iplist.update(row, [&](ServerEntry& server) {
-        server.Name = name;
-        server.Ping = padLeft(ping, kPingWidth);
-        server.Players = players;
-        server.Game = game;
-        server.Mod = mod;
-        server.Map = map;
-        server.StatusReply = reply;
-        server.PlayerCount = count;
-    });
-    setPicture(row, FindCvar("sv_privateclients", reply) == "1" ? "locked" : "ok");
-}
-
-std::string StatusQuery::gameText(const std::string& reply) {
-    sharedIndex_ = val(FindCvar("g_gametype", reply));
-    const auto& labels = parts_.mods.current().gtype;
-    if (!(sharedIndex_ >= 0 && sharedIndex_ < static_cast<double>(labels.size()))) return "???";
-    const std::string& label = labels.at(static_cast<std::size_t>(std::nearbyint(sharedIndex_)));
-    return trim(label).empty() ? "???" : label;
+    const StatusRow status = readStatus(reply, parts_.mods.current().gtype, sharedIndex_);
+    if (const int row = rowOf(asked_))
+        parts_.iplist.update(row, [&](ServerEntry& server) { writeStatus(server, status, ping); });
 }
 
 void StatusQuery::badReply(const std::string& report, const std::string& reply) {

@@ -81,7 +81,6 @@ private:
     int waitingMilliseconds() const;
     void takeReply(const std::string& reply);
     void writeRow(const std::string& reply);
-    std::string gameText(const std::string& reply);
     void badReply(const std::string& report, const std::string& reply);
     void addTotals();
     void stopTimer();
