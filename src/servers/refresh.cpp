@@ -90,7 +90,8 @@ void Refresh::nameKnown(int run, const std::string& host, const std::optional<st
     if (run != run_ || !running.get()) return;
     const auto servers = unnamed_.extract(host);
     if (servers.empty()) return;
-    Asked lost{.tries = kTries};
+    Asked lost;
+    lost.tries = kTries;
     for (const auto& [port, server] : servers.mapped()) {
         if (!ip) {
             lost.servers.push_back(server);
