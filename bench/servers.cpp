@@ -125,7 +125,8 @@ void timeQueries() {
     ModTable mods;
     ServerTable iplist;
     const Ground ground{world.files, world.dialogs, events, log, world.store, world.run, world.flags, world.pace};
-    StatusQuery query{{ground, socket, clock, iplist, mods, q3pingwait}};
+    ServerNumbers numbers(iplist);
+    StatusQuery query{{ground, socket, clock, iplist, numbers, mods, q3pingwait}};
     iplist.append(newServer(server.address(), ""));
     iplist.select(1);
     const std::string reply = fake::statusReply(

@@ -15,6 +15,7 @@
 #include "platform/qt/qt_udp_socket.h"
 #include "platform/qt/qt_viewers.h"
 #include "platform/qt/session_end.h"
+#include "platform/qt/system_datagrams.h"
 #include "platform/qt/zip_archives.h"
 #include "platform/random.h"
 #include "platform/x11/x11_windows.h"
@@ -111,11 +112,13 @@ int main(int argc, char** argv) {
     ZipArchives archives;
     QtPictures pictures;
     QtUdpSocket socket(events);
+    SystemDatagrams datagrams(events, clock);
+    QtHostNames hostNames(events);
     QtViewers viewers(interactive);
     Random random;
     const QtResources resources;
     const Services services{files,   settings, events,   clock,  dialogs, clipboard, windows,  processes,
-                            machine, archives, pictures, socket, viewers, random,    resources};
+                            machine, archives, pictures, socket, datagrams, hostNames, viewers, random, resources};
 
     Gatehouse program(services, programFolder);
     // Nobody looks at a splash that is drawn into memory.
@@ -146,8 +149,8 @@ int main(int argc, char** argv) {
     });
 
     // The system's part of a look-up can't be called off, and the toolkit would wait for it.
-    const auto leave = [&socket](int status) {
-        if (socket.lookingUp()) std::_Exit(status);
+    const auto leave = [&socket, &hostNames](int status) {
+        if (socket.lookingUp() || hostNames.lookingUp()) std::_Exit(status);
         return status;
     };
 

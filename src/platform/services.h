@@ -5,10 +5,12 @@ namespace gatehouse {
 class Archives;
 class Clipboard;
 class Clock;
+class Datagrams;
 class DesktopWindows;
 class Dialogs;
 class EventLoop;
 class Files;
+class HostNames;
 class Machine;
 class Pictures;
 class Processes;
@@ -32,6 +34,8 @@ struct Services {
     Archives& archives;
     Pictures& pictures;
     UdpSocket& socket;
+    Datagrams& datagrams;
+    HostNames& hostNames;
     Viewers& viewers;
     Random& random;
     const Resources& resources;

@@ -6,6 +6,7 @@
 #include "servers/address_form.h"
 #include "servers/filesmisc.h"
 #include "servers/players_form.h"
+#include "servers/refresh.h"
 #include "servers/server_commands.h"
 #include "servers/server_entry.h"
 #include "servers/status_query.h"
@@ -20,10 +21,12 @@ public:
                 const TextField& q3pingwait);
 
     ServerTable iplist;
+    ServerNumbers numbers{iplist};
     ServerLists lists;
     AddressForm addressForm;
     PlayersForm playersForm;
     StatusQuery query;
+    Refresh refresh;
     ServerCommands commands;
 };
 

@@ -66,8 +66,7 @@ void StatusQuery::ping_Server() {
                              " has no address with a port: " + quoted(server.Address));
     parts_.socket.setRemoteHost(left(server.Address, hostLength));
     parts_.socket.setRemotePort(portNumber(right(server.Address, kPortDigits)));
-    if (server.number == 0) parts_.iplist.update(QueryRow, [this](ServerEntry& row) { row.number = ++lastNumber_; });
-    asked_ = parts_.iplist.at(QueryRow).number;
+    asked_ = parts_.numbers.of(QueryRow);
     askedName_ = server.Name;
     lastRequests_[server.Address] = parts_.clock.tickCount();
     // A query can begin while another waits: what answers that one still gets must not be taken for its own.
@@ -81,7 +80,7 @@ void StatusQuery::ping_Server() {
 
 void StatusQuery::hostKnown() {
     if (!std::exchange(lookingUp_, false)) return;
-    if (rowOf(asked_) == 0) return giveUp();  // gone meanwhile
+    if (parts_.numbers.rowOf(asked_) == 0) return giveUp();  // gone meanwhile
     if (!send()) return;
     QuerySentTick_ = static_cast<std::uint32_t>(static_cast<std::int64_t>(parts_.clock.tickCount()));
     enableCommands(false);
@@ -130,7 +129,7 @@ void StatusQuery::q3pingtimer_Timer() {
     parts_.socket.close();
     stopTimer();
     enableCommands(true);
-    if (const int row = rowOf(asked_)) {
+    if (const int row = parts_.numbers.rowOf(asked_)) {
         parts_.iplist.update(row, [](ServerEntry& server) {
             server.Ping = "9999";
             server.Players = server.Game = server.Mod = "?";
@@ -156,7 +155,7 @@ void StatusQuery::q3winsock_DataArrival(int bytesTotal) {
         return badReply("Bad Status returned from ", reply);
     }
     QueryRow = 0;
-    if (PlayersAfterReply && showPlayers && rowOf(asked_) != 0) showPlayers();
+    if (PlayersAfterReply && showPlayers && parts_.numbers.rowOf(asked_) != 0) showPlayers();
 }
 
 void StatusQuery::takeReply(const std::string& reply) {
@@ -171,7 +170,7 @@ void StatusQuery::writeRow(const std::string& reply) {
     const auto now = static_cast<std::uint32_t>(static_cast<std::int64_t>(parts_.clock.tickCount()));
     const std::string ping = std::to_string(now - QuerySentTick_);
     const StatusRow status = readStatus(reply, parts_.mods.current().gtype, sharedIndex_);
-    if (const int row = rowOf(asked_))
+    if (const int row = parts_.numbers.rowOf(asked_))
         parts_.iplist.update(row, [&](ServerEntry& server) { writeStatus(server, status, ping); });
 }
 
@@ -179,7 +178,7 @@ void StatusQuery::badReply(const std::string& report, const std::string& reply) 
     parts_.log.logEvent(report + parts_.socket.remoteHostIp() + ":" + std::to_string(parts_.socket.remotePort()) + "," +
                             oneLine(left(reply, kMostShownReply)),
                         true);
-    if (const int row = rowOf(asked_)) setPicture(row, "bad");
+    if (const int row = parts_.numbers.rowOf(asked_)) setPicture(row, "bad");
     enableCommands(true);
     parts_.socket.close();
     QueryRow = 0;
@@ -231,7 +230,7 @@ int StatusQuery::askAndWait(std::int16_t row) {
     ping_Server();
     const std::uint32_t asked = asked_;
     parts_.events.waitUntil([this] { return QueryRow == 0; }, 0);
-    return rowOf(asked);
+    return parts_.numbers.rowOf(asked);
 }
 
 void StatusQuery::stopTimer() {
@@ -243,12 +242,6 @@ void StatusQuery::enableCommands(bool enabled) {
     // The list may have been emptied while a query waited.
     const bool on = enabled && !parts_.iplist.empty();
     for (const std::size_t button : {3, 4}) parts_.flags.tbservers[button].set(on);
-}
-
-int StatusQuery::rowOf(std::uint32_t number) const {
-    for (int row = 1; row <= parts_.iplist.count(); ++row)
-        if (parts_.iplist.at(row).number == number) return row;
-    return 0;
 }
 
 void StatusQuery::setPicture(int row, const char* key) {

@@ -13,6 +13,7 @@
 #include "platform/ground.h"
 #include "platform/udp_socket.h"
 #include "servers/server_entry.h"
+#include "servers/server_numbers.h"
 
 #include <cstdint>
 #include <functional>
@@ -27,6 +28,7 @@ struct StatusQueryParts : Ground {
     UdpSocket& socket;
     Clock& clock;
     ServerTable& iplist;
+    ServerNumbers& numbers;
     const ModTable& mods;
     const TextField& q3pingwait;
 };
@@ -86,14 +88,11 @@ private:
     void stopTimer();
     void enableCommands(bool enabled);
     int askAndWait(std::int16_t row);
-    /// Where the server with that number stands now; 0 if it is gone.
-    int rowOf(std::uint32_t number) const;
     void setPicture(int row, const char* key);
 
     StatusQueryParts parts_;
     std::unique_ptr<Timer> q3pingtimer_;
     std::uint32_t QuerySentTick_ = 0;  ///< milliseconds
-    std::uint32_t lastNumber_ = 0;
     std::uint32_t asked_ = 0;  ///< number of the server asked last
     std::string askedName_;
     bool lookingUp_ = false;                      ///< the request is sent when the host is known

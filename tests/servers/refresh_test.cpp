@@ -13,29 +13,6 @@ std::string reply(const std::string& name) {
            "\\mapname\\q3dm6\\sv_maxclients\\16\\g_gametype\\0\\fs_game\\baseq3\\sv_privateclients\\0\\z\\\n3 40 \"One\"\n";
 }
 
-class SentDatagrams : public Datagrams {
-public:
-    bool send(const Endpoint& to, std::string_view) override {
-        sent.push_back(to);
-        return !unreachable;
-    }
-    void close() override { ++closed; }
-    std::vector<Endpoint> sent;
-    int closed = 0;
-    bool unreachable = false;
-};
-
-class SlowNames : public HostNames {
-public:
-    void lookUp(const std::string& name, std::function<void(std::optional<std::string>)> onDone) override {
-        asked.push_back(name);
-        if (name.find_first_not_of("0123456789.") == std::string::npos) return onDone(name);
-        later.push_back(std::move(onDone));
-    }
-    std::vector<std::string> asked;
-    std::vector<std::function<void(std::optional<std::string>)>> later;
-};
-
 class RefreshTest : public testing::Test {
 protected:
     RefreshTest() {
@@ -51,8 +28,8 @@ protected:
     }
 
     fake::World world;
-    SentDatagrams datagrams;
-    SlowNames names;
+    fake::FakeDatagrams& datagrams = world.datagrams;
+    fake::FakeHostNames& names = world.hostNames;
     OptionsForm options;
     ModTable mods;
     ServerTable iplist;

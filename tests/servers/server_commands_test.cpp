@@ -41,7 +41,8 @@ struct ServerCommandsTest : testing::Test {
     ServerLists lists{world.ground, options.ghcdir, iplist};
     AddressForm form{world.ground, world.clipboard};
     PlayersForm players{world.ground, iplist};
-    StatusQuery query{{world.ground, world.socket, world.clock, iplist, mods, options.q3pingwait}};
+    ServerNumbers numbers{iplist};
+    StatusQuery query{{world.ground, world.socket, world.clock, iplist, numbers, mods, options.q3pingwait}};
     std::string asked;  ///< what the commands have asked the window for
     ServerCommands commands{{world.ground, world.clipboard, mods, options.ghcdir, iplist, lists, query, form, players}};
 };

@@ -68,7 +68,8 @@ protected:
     ModTable mods;
     ServerTable iplist;
     bool& listChanged = world.run.ServerListChanged;
-    StatusQuery query{{world.ground, world.socket, world.clock, iplist, mods, options.q3pingwait}};
+    ServerNumbers numbers{iplist};
+    StatusQuery query{{world.ground, world.socket, world.clock, iplist, numbers, mods, options.q3pingwait}};
     std::deque<std::function<void()>> answers;
     std::string shown;
 };

@@ -5,6 +5,7 @@
 #include "base/run_state.h"
 #include "base/runtime_failure.h"
 #include "base/text.h"
+#include "platform/datagrams.h"
 #include "platform/resources.h"
 #include "platform/archives.h"
 #include "platform/clipboard.h"
@@ -270,6 +271,31 @@ public:
     bool open = false;
 };
 
+/// Keeps whom it sends to.
+class FakeDatagrams : public Datagrams {
+public:
+    bool send(const Endpoint& to, std::string_view) override {
+        sent.push_back(to);
+        return !unreachable;
+    }
+    void close() override { ++closed; }
+    std::vector<Endpoint> sent;
+    int closed = 0;
+    bool unreachable = false;
+};
+
+/// Answers names when the test says so, and addresses at once.
+class FakeHostNames : public HostNames {
+public:
+    void lookUp(const std::string& name, std::function<void(std::optional<std::string>)> onDone) override {
+        asked.push_back(name);
+        if (name.find_first_not_of("0123456789.") == std::string::npos) return onDone(name);
+        later.push_back(std::move(onDone));
+    }
+    std::vector<std::string> asked;
+    std::vector<std::function<void(std::optional<std::string>)>> later;
+};
+
 class FakeViewers : public Viewers {
 public:
     void viewText(const std::string& path) override {
@@ -311,6 +337,8 @@ struct World {
     FakeArchives archives{files};
     FakePictures pictures{files};
     FakeSocket socket;
+    FakeDatagrams datagrams;
+    FakeHostNames hostNames;
     FakeViewers viewers;
     Random random;
     SourceTexts resources;
@@ -320,8 +348,8 @@ struct World {
     OptionStore store{settings, log, dialogs};
     Pace pace{events, clock};
     Ground ground{files, dialogs, events, log, store, run, flags, pace};
-    Services services{files,   settings, events,   clock,  dialogs, clipboard, windows,  processes,
-                      machine, archives, pictures, socket, viewers, random,    resources};
+    Services services{files,   settings, events,    clock,     dialogs, clipboard, windows,  processes, machine,
+                      archives, pictures, socket, datagrams, hostNames, viewers, random,   resources};
 };
 
 /// Lines joined as the program writes them, each ended by CR LF.
