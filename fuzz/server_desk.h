@@ -63,7 +63,8 @@ struct ServerDesk {
     TextField q3pingwait{group, {.name = "q3pingwait"}, "3"};
     ServerTable iplist;
     ServerLists lists{world.ground, ghcdir, iplist};
-    StatusQuery query{{world.ground, world.socket, world.clock, iplist, mods, q3pingwait}};
+    ServerNumbers numbers{iplist};
+    StatusQuery query{{world.ground, world.socket, world.clock, iplist, numbers, mods, q3pingwait}};
 };
 
 inline bool isOneLine(const std::string& text) {
