@@ -38,7 +38,7 @@ std::string scanMaps(const SampleGame& sample) {
     const Ground ground{files, dialogs, events, world.log, world.store, world.run, world.flags, pace};
     const Services services{files,           world.settings, events,          clock,         dialogs,
                             world.clipboard, world.windows,  world.processes, world.machine, archives,
-                            world.pictures,  world.socket,   world.datagrams, world.hostNames, world.viewers,   world.random,  world.resources};
+                            world.pictures,  world.socket,   world.network, world.hostNames, world.viewers,   world.random,  world.resources};
     SettingsDocument doc;
     Observable<std::string> status;
     ContentRoom content(ground, services, doc, status);

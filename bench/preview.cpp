@@ -90,7 +90,7 @@ void timePreview() {
     world.settings.values["ghcdir"] = programFolder + "\\";
     const Services services{files,           world.settings, world.events,    world.clock,   world.dialogs,
                             world.clipboard, world.windows,  world.processes, world.machine, world.archives,
-                            pictures,        world.socket,   world.datagrams, world.hostNames, world.viewers,   world.random,  world.resources};
+                            pictures,        world.socket,   world.network, world.hostNames, world.viewers,   world.random,  world.resources};
     Gatehouse program(services, programFolder);
     program.StartupDriver();
     MainWindow window(program);

@@ -112,13 +112,13 @@ int main(int argc, char** argv) {
     ZipArchives archives;
     QtPictures pictures;
     QtUdpSocket socket(events);
-    SystemDatagrams datagrams(events, clock);
+    SystemNetwork network(events, clock);
     QtHostNames hostNames(events);
     QtViewers viewers(interactive);
     Random random;
     const QtResources resources;
     const Services services{files,   settings, events,   clock,  dialogs, clipboard, windows,  processes,
-                            machine, archives, pictures, socket, datagrams, hostNames, viewers, random, resources};
+                            machine, archives, pictures, socket, network, hostNames, viewers, random, resources};
 
     Gatehouse program(services, programFolder);
     // Nobody looks at a splash that is drawn into memory.

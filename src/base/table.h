@@ -38,6 +38,14 @@ public:
         rowChanged.emit(position);
     }
 
+    /// Hands every row to `change`, which tells whether it has changed it; `reset` fires once if any has.
+    template <class Change>
+    void updateAll(Change&& change) {
+        bool any = false;
+        for (Entry& entry : rows_) any |= change(entry.row);
+        if (any) reset.emit();
+    }
+
     /// Adds a row at the end and returns its position. The first row of a table becomes the current one.
     int append(Row row) {
         if (count() == std::numeric_limits<short>::max()) throw RuntimeFailure("Overflow: too many rows");

@@ -25,8 +25,10 @@ void setFieldText(Field& field, const std::string& text) {
 class EditHistory::Change {
 public:
     virtual ~Change() = default;
-    /// Changes what the slot knows, not yet the program.
+    /// Changes what the slot knows, not yet the program; a journal's changes are made at once.
     virtual void apply(bool back) = 0;
+    /// The slot, if it is a journal's.
+    virtual const Slot* journal() const { return nullptr; }
 };
 
 /// One value, or one table, and what it holds as far as the history knows.
@@ -111,6 +113,37 @@ private:
     Rows known_;
 };
 
+/// A journal: its changes walk by themselves, and nothing is compared.
+class EditHistory::JournalSlot : public Slot {
+public:
+    explicit JournalSlot(EditJournal& journal) : journal_(journal) { polled = true; }
+
+    std::unique_ptr<Change> takeChange() override {
+        auto walks = journal_.take();
+        return walks.empty() ? nullptr : std::make_unique<Walks>(*this, std::move(walks));
+    }
+    bool restore() override { return false; }
+
+private:
+    class Walks : public Change {
+    public:
+        Walks(const JournalSlot& slot, std::vector<EditJournal::Walk> walks) : slot_(slot), walks_(std::move(walks)) {}
+        void apply(bool back) override {
+            if (back)
+                for (auto walk = walks_.rbegin(); walk != walks_.rend(); ++walk) (*walk)(true);
+            else
+                for (const auto& walk : walks_) walk(false);
+        }
+        const Slot* journal() const override { return &slot_; }
+
+    private:
+        const JournalSlot& slot_;
+        std::vector<EditJournal::Walk> walks_;
+    };
+
+    EditJournal& journal_;
+};
+
 EditHistory::EditHistory(const Ground& ground, SettingsDocument& doc) : run_(ground.run), log_(ground.log) {
     for (FieldGroup* group : doc.groups())
         for (Field* field : group->fields) addField(*field);
@@ -140,6 +173,12 @@ void EditHistory::addOutside(OutsideValue value) {
         std::move(value.get),
         [set = std::move(value.set)](const std::vector<std::string>& texts, std::size_t) { set(texts); }));
     slots_.back()->polled = true;
+}
+
+void EditHistory::addJournal(EditJournal& journal) {
+    followEdits(journal.edits);
+    slots_.push_back(std::make_unique<JournalSlot>(journal));
+    follow_.on(journal.forgotten, [this, slot = slots_.back().get()] { drop(slot); });
 }
 
 template <class Row>
@@ -235,8 +274,23 @@ void EditHistory::restore() {
 
 void EditHistory::startAnew() {
     takeChanges();
-    steps_.clear();
-    done_ = 0;
+    drop(nullptr);
+}
+
+void EditHistory::drop(const Slot* slot) {
+    std::vector<Step> kept;
+    std::size_t done = 0;
+    for (std::size_t i = 0; i < steps_.size(); ++i) {
+        Step& step = steps_[i];
+        std::erase_if(step.changes, [slot](const auto& change) {
+            return slot ? change->journal() == slot : change->journal() == nullptr;
+        });
+        if (step.changes.empty()) continue;
+        kept.push_back(std::move(step));
+        done += i < done_;
+    }
+    steps_ = std::move(kept);
+    done_ = done;
     joins_ = false;
     tell();
 }

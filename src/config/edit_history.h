@@ -46,9 +46,11 @@ public:
 
     /// Follows a value of another room too. To be called before the first edit.
     void addOutside(OutsideValue value);
+    /// Takes the changes of a journal into its steps. They are no part of a document: a new history of that keeps them.
+    void addJournal(EditJournal& journal);
     void undo();
     void redo();
-    /// What is there now is the start of a new history.
+    /// The document that is there now is the start of a new history.
     void startAnew();
 
 private:
@@ -56,6 +58,7 @@ private:
     class Slot;
     template <class T>
     class RowsSlot;
+    class JournalSlot;
     struct Step {
         std::string name;
         const Edits* gradual = nullptr;  ///< of the field whose next edit joins this step
@@ -73,6 +76,8 @@ private:
     void begin(const Edits* gradual, const std::string& name);
     void end();
     std::vector<std::unique_ptr<Change>> takeChanges();
+    /// Takes changes out of all steps: those of one slot, or of all slots but the journals.
+    void drop(const Slot* slot);
     void walk(bool back);
     /// Makes the program hold what the slots know. Rules answer to what is set, so it takes more than one pass.
     void restore();

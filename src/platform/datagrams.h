@@ -3,9 +3,11 @@
 #include <compare>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace gatehouse {
 
@@ -33,6 +35,15 @@ public:
     virtual void close() = 0;
     /// For each datagram, in the order of their arrival.
     std::function<void(const Datagram&)> onArrival;
+};
+
+/// Where sockets come from.
+class Network {
+public:
+    virtual ~Network() = default;
+    virtual std::unique_ptr<Datagrams> makeSocket() = 0;
+    /// Addresses of IPv4 by which all machines of the local networks are reached at once, each once.
+    virtual std::vector<std::string> broadcastAddresses() const = 0;
 };
 
 /// Look-ups of host names beside the program.

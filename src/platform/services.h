@@ -5,13 +5,13 @@ namespace gatehouse {
 class Archives;
 class Clipboard;
 class Clock;
-class Datagrams;
 class DesktopWindows;
 class Dialogs;
 class EventLoop;
 class Files;
 class HostNames;
 class Machine;
+class Network;
 class Pictures;
 class Processes;
 class Random;
@@ -34,7 +34,7 @@ struct Services {
     Archives& archives;
     Pictures& pictures;
     UdpSocket& socket;
-    Datagrams& datagrams;
+    Network& network;
     HostNames& hostNames;
     Viewers& viewers;
     Random& random;

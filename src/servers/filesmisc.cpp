@@ -84,6 +84,11 @@ std::string ServerLists::pathOf(const std::string& name) const {
 }
 
 void ServerLists::LoadServerList(std::string& name) {
+    load(name);
+    loaded.emit();
+}
+
+void ServerLists::load(std::string& name) {
     iplist_.clear();
     enableRowButtons(false);
     log_.logEvent("Opening Server List: " + name);

@@ -4,6 +4,7 @@
 #include "base/field.h"
 #include "base/log.h"
 #include "base/run_state.h"
+#include "base/signal.h"
 #include "platform/files.h"
 #include "platform/ground.h"
 #include "servers/server_entry.h"
@@ -33,7 +34,11 @@ public:
     /// What a file of the list in its present order holds.
     std::string fileText() const;
 
+    /// Other rows are in the table than before: those of a file.
+    Signal<> loaded;
+
 private:
+    void load(std::string& name);
     std::string pathOf(const std::string& name) const;
     void readRows(TextReader& file);
     void enableRowButtons(bool enabled);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/datagrams.h"
+#include "servers/server_entry.h"
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,9 +32,26 @@ std::optional<std::vector<Endpoint>> parseMasterReply(std::string_view bytes);
 /// Whether a server of the net can have that address of IPv4.
 bool isPublicAddress(std::uint8_t a, std::uint8_t b, std::uint8_t c, std::uint8_t d);
 
-/// The call into the local network.
-inline constexpr std::string_view kInfoRequest = "\xFF\xFF\xFF\xFFgetinfo xxx";
-/// True for an answer to that call.
-bool isInfoReply(std::string_view bytes);
+/// The call into the local network; servers send the word back.
+std::string infoRequest(std::string_view word);
+/// What an answer to that call says of a server, with an unknown ping and without an address; nothing for what is no answer,
+/// or one to another word.
+std::optional<ServerEntry> parseInfoReply(std::string_view bytes, std::string_view word);
+
+/// A master server of the list that a person keeps: "host" or "host:port".
+struct MasterAddress {
+    std::string host;
+    std::uint16_t port = kMasterPort;
+};
+/// The masters of a list, parted by blanks, commas or line ends, and not more than `kMostMasters`.
+std::vector<MasterAddress> parseMasters(std::string_view list);
+inline constexpr std::size_t kMostMasters = 20;
+
+/// A number of the game's protocol, and what speaks it.
+struct ProtocolNumber {
+    std::string_view text;
+    int number;
+};
+std::span<const ProtocolNumber> protocolNumbers();
 
 }  // namespace gatehouse

@@ -78,15 +78,47 @@ std::optional<PlayersOfReply> playersOf(std::string_view reply) {
     return found;
 }
 
+PlayersForm::PlayersForm(const Ground& ground, ServerTable& iplist, ServerNumbers& numbers)
+    : iplist_(iplist),
+      numbers_(numbers),
+      again_(ground.events.createTimer([this] { plistrefresh_Click(); })),
+      events_(ground.events),
+      log_(ground.log) {
+    again_->setInterval(kAgainMilliseconds);
+    follow_.on(iplist.rowChanged, [this](int row) { rowChanged(row); });
+    follow_.on(q3players.changed, [this] { watch(); });
+    follow_.on(playersagain.changed, [this] { watch(); });
+}
+
+void PlayersForm::watch() { again_->setEnabled(q3players.get() && playersagain.value() != 0); }
+
+void PlayersForm::plistrefresh_Click() {
+    const int row = server_ == 0 ? 0 : numbers_.rowOf(server_);
+    if (row != 0 && askAgain) askAgain(row);
+}
+
+void PlayersForm::rowChanged(int row) {
+    if (!q3players.get() || row > iplist_.count() || iplist_.at(row).number != server_) return;
+    const ServerEntry& server = iplist_.at(row);
+    silence.set(server.SilentSince);
+    if (server.StatusReply != reply_) fill(server);
+}
+
 void PlayersForm::showPlayers() {
     if (q3players_Activate()) showModal(q3players, events_);
 }
 
 bool PlayersForm::q3players_Activate() {
     if (iplist_.current() == 0) return false;
-    const ServerEntry& server = iplist_.at(iplist_.current());
+    server_ = numbers_.of(iplist_.current());
+    return fill(iplist_.at(iplist_.current()));
+}
+
+bool PlayersForm::fill(const ServerEntry& server) {
     auto found = playersOf(server.StatusReply);
     if (!found) return false;
+    reply_ = server.StatusReply;
+    silence.set(server.SilentSince);
     const std::string name = oneLine(server.Name);
     if (found->broken) log_.logEvent("Unreadable player in the status of " + name, true);
     playerlist.setRows(std::move(found->players), 0);
@@ -102,6 +134,8 @@ void PlayersForm::restoreDesign() {
     q3players.set(false);
     caption.set(std::string(kDesignCaption));
     playerlist.clear();
+    playersagain.restoreDesign();
+    silence.set("");
 }
 
 }  // namespace gatehouse

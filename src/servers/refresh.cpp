@@ -2,12 +2,13 @@
 
 #include "base/numbers.h"
 #include "base/runtime_failure.h"
-#include "base/text.h"
+#include "servers/server_address.h"
 #include "servers/status_reply.h"
 #include "servers/status_row.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <optional>
 
 namespace gatehouse {
@@ -17,34 +18,10 @@ namespace {
 constexpr int kTickMilliseconds = 10;
 constexpr double kSecond = 1000;
 constexpr double kUsualPatience = 3 * kSecond;
-constexpr std::uint16_t kStandardPort = 27960;
+constexpr double kMostSeconds = 3600;
 /// What may be sent at once after a pause.
 constexpr double kBurst = 8;
 constexpr double kSlowestPing = 9999;
-
-struct HostAndPort {
-    std::string host;
-    std::uint16_t port = kStandardPort;
-};
-
-/// "host:port" with any port, "host", or an address of IPv6 in brackets; nothing without a host, or for a port that is none.
-std::optional<HostAndPort> parseAddress(const std::string& text) {
-    const std::string address = trim(text);
-    HostAndPort result;
-    std::size_t portAt = address.rfind(':');
-    const auto bracket = address.rfind(']');
-    if (bracket != std::string::npos && (portAt == std::string::npos || portAt < bracket)) portAt = std::string::npos;
-    result.host = trim(address.substr(0, portAt));
-    if (result.host.starts_with('[') && result.host.ends_with(']')) result.host = result.host.substr(1, result.host.size() - 2);
-    if (result.host.empty()) return std::nullopt;
-    if (portAt == std::string::npos) return result;
-    const std::string port = address.substr(portAt + 1);
-    if (port.empty() || port.size() > 5 || port.find_first_not_of("0123456789") != std::string::npos) return std::nullopt;
-    const int number = std::stoi(port);
-    if (number < 1 || number > 65535) return std::nullopt;
-    result.port = static_cast<std::uint16_t>(number);
-    return result;
-}
 
 }  // namespace
 
@@ -53,33 +30,59 @@ Refresh::Refresh(const Parts& parts) : parts_(parts), timer_(parts.events.create
     parts_.datagrams.onArrival = [this](const Datagram& datagram) { take(datagram); };
 }
 
-void Refresh::start(bool selectedOnly) {
+void Refresh::refreshAll() {
+    begin();
+    std::vector<int> rows(static_cast<std::size_t>(parts_.iplist.count()));
+    std::iota(rows.begin(), rows.end(), 1);
+    ask(rows);
+}
+
+void Refresh::refreshSelected() {
+    begin();
+    std::vector<int> rows;
+    for (int row = 1; row <= parts_.iplist.count(); ++row)
+        if (parts_.iplist.selected(row)) rows.push_back(row);
+    ask(rows);
+}
+
+void Refresh::refreshToo(int row) {
+    if (!running.get()) goOn();
+    ask({row});
+}
+
+void Refresh::begin() {
     stop();
-    ++run_;
     wanted_ = settled_ = silent_ = 0;
+    goOn();
+}
+
+void Refresh::goOn() {
+    ++run_;
     const double seconds = val(parts_.q3pingwait.text());
-    patience_ = seconds > 0 && seconds < 3600 ? seconds * kSecond : kUsualPatience;
-    std::vector<std::string> hosts;
-    std::vector<std::uint32_t> unreadable;
+    patience_ = seconds > 0 && seconds < kMostSeconds ? seconds * kSecond : kUsualPatience;
+    allowance_ = kBurst;
+    workedTick_ = parts_.clock.tickCount();
+    timer_->setEnabled(true);
     running.set(true);
-    for (int row = 1; row <= parts_.iplist.count(); ++row) {
-        if (selectedOnly && !parts_.iplist.selected(row)) continue;
+}
+
+void Refresh::ask(const std::vector<int>& rows) {
+    std::vector<std::string> hosts;
+    Asked unreadable{.servers = {}, .tries = kTries};
+    for (const int row : rows) {
         const std::uint32_t server = parts_.numbers.of(row);
         rows_[server] = row;
-        ++wanted_;
-        const auto address = parseAddress(parts_.iplist.at(row).Address);
+        const auto address = parseServerAddress(parts_.iplist.at(row).Address);
         if (!address) {
-            unreadable.push_back(server);
+            unreadable.servers.push_back(server);
             continue;
         }
         auto& servers = unnamed_[address->host];
         if (servers.empty()) hosts.push_back(address->host);
         servers.emplace_back(address->port, server);
     }
-    allowance_ = kBurst;
-    workedTick_ = parts_.clock.tickCount();
-    timer_->setEnabled(true);
-    if (!unreadable.empty()) silent({.servers = unreadable, .tries = kTries});
+    wanted_ += rows.size();
+    if (!unreadable.servers.empty()) silent(unreadable);
     for (const std::string& host : hosts)
         parts_.names.lookUp(host, [this, run = run_, host](const std::optional<std::string>& ip) { nameKnown(run, host, ip); });
     settle(0, true);
@@ -157,10 +160,7 @@ void Refresh::take(const Datagram& reply) {
         const StatusRow row = readStatus(reply.bytes, parts_.mods.current().gtype, gameType);
         const std::string ping = std::to_string(std::lround(milliseconds));
         for (const std::uint32_t server : asked.servers)
-            update(server, [&](ServerEntry& entry) {
-                writeStatus(entry, row, ping);
-                entry.SilentSince = {};
-            });
+            update(server, [&](ServerEntry& entry) { writeStatus(entry, row, ping); });
     } catch (const RuntimeFailure&) {
         for (const std::uint32_t server : asked.servers) update(server, [](ServerEntry& entry) { entry.SmallIcon = "bad"; });
     }
@@ -211,6 +211,7 @@ void Refresh::stop() {
 
 void Refresh::restoreDesign() {
     stop();
+    wanted_ = settled_ = silent_ = 0;
     progress.set("");
 }
 

@@ -43,8 +43,10 @@ public:
     Observable<std::string> progress;
 
     /// Asks all servers, or the selected ones. What is under way ends first.
-    void refreshAll() { start(false); }
-    void refreshSelected() { start(true); }
+    void refreshAll();
+    void refreshSelected();
+    /// Asks one more, beside those that are being asked, and counts on. Fails for a row that isn't there.
+    void refreshToo(int row);
     void stop();
     void restoreDesign();
 
@@ -56,8 +58,9 @@ private:
         double sentTick = 0;
     };
 
-    void start(bool selectedOnly);
-    void addTarget(const std::string& host, std::uint16_t port, std::uint32_t server);
+    void begin();
+    void goOn();
+    void ask(const std::vector<int>& rows);
     void nameKnown(int run, const std::string& host, const std::optional<std::string>& ip);
     void work();
     void sendWaiting();

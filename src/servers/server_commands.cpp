@@ -64,7 +64,8 @@ void ServerCommands::appendServer() {
 
 void ServerCommands::Delete() {
     busy.set(true);
-    deleteSelected();
+    parts_.undo.removing(
+        "Delete", [this](int row) { return parts_.iplist.selected(row); }, [this] { deleteSelected(); });
     busy.set(false);
     parts_.events.yield();
     if (parts_.iplist.empty()) {

@@ -17,6 +17,7 @@
 #include "servers/filesmisc.h"
 #include "servers/players_form.h"
 #include "servers/server_entry.h"
+#include "servers/server_undo.h"
 #include "servers/status_query.h"
 
 #include <cstdint>
@@ -35,6 +36,7 @@ struct ServerCommandParts : Ground {
     StatusQuery& query;
     AddressForm& addressForm;
     PlayersForm& playersForm;
+    ServerUndo& undo;
 };
 
 /// The commands of the Servers tab: its tool bar `tbservers` and its table `iplist`. "The selected row" of a command

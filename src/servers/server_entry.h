@@ -22,6 +22,7 @@ struct ServerEntry {
     std::string StatusReply;   ///< whole text of the last good reply
     std::string PlayerCount;   ///< players alone
     std::string SilentSince;   ///< when it was first not heard of; empty for one that answers
+    bool hidden = false;       ///< a filter keeps it from being seen
     std::uint32_t number = 0;  ///< by which a status query finds the server again; 0 until it is asked
 };
 

@@ -8,7 +8,12 @@
 #include "servers/players_form.h"
 #include "servers/refresh.h"
 #include "servers/server_commands.h"
+#include "servers/favourites.h"
+#include "servers/server_desk.h"
 #include "servers/server_entry.h"
+#include "servers/server_filter.h"
+#include "servers/server_search.h"
+#include "servers/server_undo.h"
 #include "servers/status_query.h"
 
 namespace gatehouse {
@@ -23,11 +28,25 @@ public:
     ServerTable iplist;
     ServerNumbers numbers{iplist};
     ServerLists lists;
+    Favourites favourites;
+    ServerUndo undo;
+    ServerFilter filter;
     AddressForm addressForm;
     PlayersForm playersForm;
     StatusQuery query;
+
+private:
+    std::unique_ptr<Datagrams> socket_, playersSocket_;
+
+public:
     Refresh refresh;
     ServerCommands commands;
+    ServerDesk desk;
+    ServerSearch search;
+
+private:
+    Refresh playersRefresh_;
+    Connections follow_;
 };
 
 }  // namespace gatehouse

@@ -130,10 +130,11 @@ void StatusQuery::q3pingtimer_Timer() {
     stopTimer();
     enableCommands(true);
     if (const int row = parts_.numbers.rowOf(asked_)) {
-        parts_.iplist.update(row, [](ServerEntry& server) {
+        parts_.iplist.update(row, [this](ServerEntry& server) {
             server.Ping = "9999";
             server.Players = server.Game = server.Mod = "?";
             server.SmallIcon = "bad";
+            if (server.SilentSince.empty()) server.SilentSince = dateTimeText(parts_.clock.now());
         });
     }
     QueryRow = 0;

@@ -68,6 +68,9 @@ public:
     /// be opened.
     void ImportGameSpyList(const std::string& path);
 
+    /// Counts the servers and the players on them.
+    void addTotals();
+
     /// Gives up what is under way.
     void restoreDesign();
 
@@ -84,7 +87,6 @@ private:
     void takeReply(const std::string& reply);
     void writeRow(const std::string& reply);
     void badReply(const std::string& report, const std::string& reply);
-    void addTotals();
     void stopTimer();
     void enableCommands(bool enabled);
     int askAndWait(std::int16_t row);

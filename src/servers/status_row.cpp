@@ -46,6 +46,7 @@ void writeStatus(ServerEntry& server, const StatusRow& row, const std::string& p
     server.StatusReply = row.reply;
     server.PlayerCount = row.playerCount;
     server.SmallIcon = row.picture;
+    server.SilentSince.clear();
 }
 
 }  // namespace gatehouse

@@ -59,6 +59,8 @@ void Gatehouse::tieRooms() {
                                        mods.table.setValues(values);
                                        run.ConfigChanged = true;
                                    }});
+    config.history.addJournal(servers.undo.journal);
+    follow_.on(servers.desk.joinWanted, [this] { mfilerun_Click(); });
     follow_.on(launch.command.benchmarkWanted, [this] { benchmark.run.run(); });
     follow_.on(rules.modes.benchmarkEntered, [this] { benchmark.setup.LoadBenchmarkLists(); });
     follow_.on(benchmark.run.tabWanted, [this] { rules.modes.showBenchmarkTab(); });
@@ -80,7 +82,8 @@ std::vector<const FieldGroup*> Gatehouse::fieldGroups() const {
     for (const FieldGroup* group : const_cast<SettingsDocument&>(config.doc).groups())
         if (group != &config.doc.limits) all.push_back(group);
     for (const FieldGroup* group : {&startup.options.options, &startup.options.benchmark, &rules.botsRules.newbot,
-                                    &servers.addressForm.group, &benchmark.results.fields})
+                                    &servers.addressForm.group, &servers.playersForm.group, &servers.filter.fields,
+                                    &servers.search.fields, &benchmark.results.fields})
         all.push_back(group);
     return all;
 }

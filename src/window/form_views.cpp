@@ -3,6 +3,7 @@
 #include "startup/gatehouse.h"
 #include "window/dialogs/about_dialog.h"
 #include "window/dialogs/address_dialog.h"
+#include "window/dialogs/find_servers_dialog.h"
 #include "window/dialogs/keyboard_dialog.h"
 #include "window/dialogs/mod_dialog.h"
 #include "window/dialogs/new_bot_dialog.h"
@@ -28,6 +29,10 @@ constexpr FormView kFormViews[] = {
     {"q3newip",
      [](Gatehouse& program, QWidget* parent) -> QDialog* {
          return new AddressDialog(program.servers.addressForm, parent);
+     }},
+    {"q3find",
+     [](Gatehouse& program, QWidget* parent) -> QDialog* {
+         return new FindServersDialog(program.servers.search, program.servers.favourites, parent);
      }},
     {"q3about", [](Gatehouse& program, QWidget* parent) -> QDialog* { return new AboutDialog(program, parent); }},
     {"q3keyboard",

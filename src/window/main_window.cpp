@@ -58,8 +58,7 @@ QWidget* makeTabContent(Frame frame, Gatehouse& program) {
         case kServerFrame:
             return makeServerTab(doc, program.rules.modOptions);
         case kServersFrame:
-            return makeServersTab(program.servers.iplist, program.servers.commands, program.servers.query,
-                                  program.flags);
+            return makeServersTab(program.servers, program.flags);
         case kMapsFrame:
             return makeMapsTab(doc, program.content, program.rules.rotationRules, program.flags);
         case kPlayerFrame:
@@ -114,6 +113,15 @@ void MainWindow::makeActions() {
     QAction* redo = makeAction(
         "meditredo", [this] { program_.meditredo_Click(); }, &history.canRedo);
     follow(redo, history.redoName, [redo](const std::string& name) { nameStep(*redo, tr("&Redo"), name); });
+
+    ServersRoom& servers = program_.servers;
+    makeAction(
+        "mserversrefresh", [&servers] { servers.desk.refreshAll(); }, &servers.desk.hasRows);
+    makeAction(
+        "mserversselected", [&servers] { servers.desk.refreshSelected(); }, &servers.desk.hasSelected);
+    makeAction(
+        "mserversstop", [&servers] { servers.desk.stop(); }, &servers.refresh.running);
+    makeAction("mserversfind", [&servers] { servers.search.findServers(); });
 
     auto* console = new QAction(this);
     describe(*console, commandInfo("mtoolsconsole"));

@@ -28,7 +28,7 @@ protected:
     }
 
     fake::World world;
-    fake::FakeDatagrams& datagrams = world.datagrams;
+    fake::FakeDatagrams datagrams;
     fake::FakeHostNames& names = world.hostNames;
     OptionsForm options;
     ModTable mods;

@@ -3,6 +3,7 @@
 #include "platform/qt/qt_udp_socket.h"
 
 #include <QHostInfo>
+#include <QNetworkInterface>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -94,6 +95,7 @@ bool SystemDatagrams::open() {
     if (!both_) made = Descriptor(::socket(AF_INET, kType, 0));
     if (!made) return false;
     ::setsockopt(made.get(), SOL_SOCKET, SO_TIMESTAMPNS, &yes, sizeof yes);
+    ::setsockopt(made.get(), SOL_SOCKET, SO_BROADCAST, &yes, sizeof yes);
     ::setsockopt(made.get(), SOL_SOCKET, SO_RCVBUF, &kReceiveBuffer, sizeof kReceiveBuffer);
     socket_ = std::move(made);
     notifier_ = std::make_unique<QSocketNotifier>(socket_.get(), QSocketNotifier::Read);
@@ -139,6 +141,19 @@ void SystemDatagrams::close() {
         notifier_.release()->deleteLater();
     }
     socket_ = Descriptor();
+}
+
+std::vector<std::string> SystemNetwork::broadcastAddresses() const {
+    std::vector<std::string> all;
+    for (const QNetworkInterface& interface : QNetworkInterface::allInterfaces()) {
+        if (!interface.flags().testFlags(QNetworkInterface::IsUp | QNetworkInterface::CanBroadcast)) continue;
+        for (const QNetworkAddressEntry& entry : interface.addressEntries()) {
+            if (entry.broadcast().isNull()) continue;
+            std::string address = entry.broadcast().toString().toStdString();
+            if (std::find(all.begin(), all.end(), address) == all.end()) all.push_back(std::move(address));
+        }
+    }
+    return all;
 }
 
 void QtHostNames::lookUp(const std::string& name, std::function<void(std::optional<std::string> ip)> onDone) {

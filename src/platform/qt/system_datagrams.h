@@ -32,6 +32,18 @@ private:
     bool both_ = true;  ///< the socket carries IPv6 and IPv4
 };
 
+/// Sockets of the system.
+class SystemNetwork : public Network {
+public:
+    SystemNetwork(QtEventLoop& events, const Clock& clock) : events_(events), clock_(clock) {}
+    std::unique_ptr<Datagrams> makeSocket() override { return std::make_unique<SystemDatagrams>(events_, clock_); }
+    std::vector<std::string> broadcastAddresses() const override;
+
+private:
+    QtEventLoop& events_;
+    const Clock& clock_;
+};
+
 /// Look-ups of the toolkit, which go on in threads of its own.
 class QtHostNames : public HostNames {
 public:

@@ -39,7 +39,7 @@ struct ListInfo {
 };
 
 /// The menus, in their order.
-inline constexpr std::string_view kMenus[] = {"File", "Edit", "Tools", "Help"};
+inline constexpr std::string_view kMenus[] = {"File", "Edit", "Servers", "Tools", "Help"};
 
 std::span<const CommandInfo> commands();
 /// Fails for a name that isn't there.

@@ -129,7 +129,8 @@ void TabReset::resetTab(const Tab& tab) {
 }
 
 void TabReset::clearServers() {
-    parts_.iplist.clear();
+    parts_.undo.removing(
+        "Reset", [](int) { return true; }, [this] { parts_.iplist.clear(); });
     for (const std::size_t button : {2, 3, 4}) parts_.flags.tbservers[button].set(false);
     parts_.run.ServerListChanged = true;
 }

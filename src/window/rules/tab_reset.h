@@ -9,6 +9,7 @@
 #include "platform/dialogs.h"
 #include "platform/ground.h"
 #include "servers/server_entry.h"
+#include "servers/server_undo.h"
 #include "window/rules/key_rules.h"
 
 #include <functional>
@@ -22,6 +23,7 @@ namespace gatehouse {
 struct TabResetParts : Ground {
     SettingsDocument& doc;
     ServerTable& iplist;
+    ServerUndo& undo;
     const ModelCatalog& models;
     KeyRules& keys;
     const Observable<std::string>& TabKey;

@@ -15,7 +15,7 @@ WindowRoom::WindowRoom(StartupRoom& startup, const Services& services, ConfigRoo
       botsRules(startup.ground, config.doc),
       keyRules(startup.ground, config.doc.bindlist),
       rotationRules(startup.ground, config.doc.maplist, content.maps),
-      tabReset({startup.ground, config.doc, servers.iplist, content.models, keyRules, modes.TabKey,
+      tabReset({startup.ground, config.doc, servers.iplist, servers.undo, content.models, keyRules, modes.TabKey,
                 [&content](const std::string& path) { content.selectModel(path); }}),
       optionsRules({startup.ground, startup.finder, services.viewers, startup.options, config.documents,
                     [&log = startup.log] { return log.LogPath(); }}),
@@ -27,6 +27,7 @@ WindowRoom::WindowRoom(StartupRoom& startup, const Services& services, ConfigRoo
         content.maps.markRotation(doc.maplist);
         rotationRules.rotationRestored();
     });
+    follow_.on(servers.desk.tabWanted, [this] { modes.showFrame(kServersFrame); });
     follow_.on(modes.tabLeft, [&content] { content.preview.hide(); });
     follow_.on(content.mapCommands.focusWanted, [this] { rotationRules.giveFocus(RotationRules::kTree); });
     for (Form* form : {&botsRules.q3newbot, &q3about, &keyRules.q3keyboard, &tabReset.q3resetprompt,

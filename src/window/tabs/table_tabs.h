@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/command_flags.h"
-#include "servers/server_entry.h"
 
 class QWidget;
 
@@ -12,8 +11,7 @@ class ContentRoom;
 class PlayerRules;
 class RotationRules;
 class KeyRules;
-class ServerCommands;
-class StatusQuery;
+class ServersRoom;
 struct SettingsDocument;
 
 // The tabs whose heart is a table. What they are given must outlive them.
@@ -22,8 +20,8 @@ struct SettingsDocument;
 QWidget* makeMapsTab(SettingsDocument& doc, ContentRoom& content, RotationRules& rules, CommandFlags& flags);
 /// The actions and their keys.
 QWidget* makeKeysTab(SettingsDocument& doc, KeyRules& rules);
-/// The list of servers, the tool bar of its commands and the totals.
-QWidget* makeServersTab(ServerTable& iplist, ServerCommands& commands, StatusQuery& query, CommandFlags& flags);
+/// The list of servers, the tool bar of its commands, the filter and the totals.
+QWidget* makeServersTab(ServersRoom& servers, CommandFlags& flags);
 /// The bots that join, named or random, and how they behave.
 QWidget* makeBotsTab(SettingsDocument& doc, BotsRules& rules, CommandFlags& flags);
 /// The player's name and looks beside the tree of models.

@@ -35,7 +35,7 @@ QColor inkColour(Ink ink) {
 struct TableModel::Node {
     int position = 0;  ///< 0 for the root, and for a row that is just being taken out
     Node* above = nullptr;
-    int row = 0;
+    int row = 0;              ///< -1 for a hidden one
     std::vector<Node*> children;
 };
 
@@ -52,8 +52,10 @@ void TableModel::build() {
     nodes_.reserve(static_cast<std::size_t>(source_->count()));
     for (int position = 1; position <= source_->count(); ++position) {
         Node& above = parentFor(position);
-        nodes_.push_back(std::make_unique<Node>(Node{position, &above, static_cast<int>(above.children.size()), {}}));
-        above.children.push_back(nodes_.back().get());
+        const bool hidden = source_->hidden(position);
+        const int row = hidden ? -1 : static_cast<int>(above.children.size());
+        nodes_.push_back(std::make_unique<Node>(Node{position, &above, row, {}}));
+        if (!hidden) above.children.push_back(nodes_.back().get());
     }
 }
 
@@ -68,6 +70,10 @@ void TableModel::insertRow(int position) {
     if (told == source_->count()) return;  // an event from inside an event has told it already
     if (position != told + 1 || position != source_->count()) return resetRows();
     Node& above = parentFor(position);
+    if (source_->hidden(position)) {
+        nodes_.push_back(std::make_unique<Node>(Node{position, &above, -1, {}}));
+        return;
+    }
     const int row = static_cast<int>(above.children.size());
     beginInsertRows(indexOf(above.position), row, row);
     nodes_.push_back(std::make_unique<Node>(Node{position, &above, row, {}}));
@@ -88,6 +94,7 @@ void TableModel::removeRow(int position) {
     gone->position = 0;
     for (std::size_t i = static_cast<std::size_t>(position - 1); i < nodes_.size(); ++i)
         nodes_[i]->position = static_cast<int>(i) + 1;
+    if (gone->row < 0) return;
     std::vector<Node*>& siblings = gone->above->children;
     beginRemoveRows(indexOf(gone->above->position), gone->row, gone->row);
     siblings.erase(siblings.begin() + gone->row);
@@ -116,6 +123,7 @@ int TableModel::position(const QModelIndex& index) const { return index.isValid(
 QModelIndex TableModel::indexOf(int position) const {
     if (position < 1 || position > static_cast<int>(nodes_.size())) return {};
     Node* node = nodes_[static_cast<std::size_t>(position - 1)].get();
+    if (node->row < 0) return {};
     return createIndex(node->row, 0, node);
 }
 
@@ -142,6 +150,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     const bool first = index.column() == 0;
     switch (role) {
         case Qt::DisplayRole: return source_->text(row, index.column());
+        case Qt::TextAlignmentRole:
+            return source_->isNumber(index.column()) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
         case Qt::ForegroundRole: {
             const Ink ink = source_->ink(row);
             return ink == Ink::Normal ? QVariant() : inkColour(ink);
@@ -160,7 +170,9 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= columnCount()) return {};
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+    if (role == Qt::TextAlignmentRole && source_->isNumber(section)) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole) return {};
     return source_->title(section);
 }
 

@@ -37,6 +37,10 @@ public:
     virtual QString text(int position, int column) const = 0;
     virtual Ink ink(int position) const = 0;
     virtual RowPicture picture(int position) const = 0;
+    /// A filter keeps the row from being seen. What changes that tells so by the table's `reset`.
+    virtual bool hidden(int position) const = 0;
+    /// Numbers stand at the right of their column.
+    virtual bool isNumber(int column) const = 0;
 
     virtual int current() const = 0;
     /// Makes a row the current one as a person does, and runs what follows from that.
@@ -52,10 +56,12 @@ struct TableLook {
     struct Column {
         std::string title;
         std::function<std::string(const Row&)> text;
+        bool number = false;
     };
     std::vector<Column> columns;
     std::function<Ink(const Row&)> ink = {};
     std::function<RowPicture(const Row&)> picture = {};
+    std::function<bool(const Row&)> hidden = {};
     /// The position of the row above one in a tree; a row stands behind the one above it.
     std::function<int(const Table<Row>&, int)> parent = {};
     /// What a person changes by choosing a row, if that is a setting.
@@ -75,7 +81,7 @@ public:
     TableSource& source() const { return *source_; }
     /// The position of a row in the table; 0 for no row.
     int position(const QModelIndex& index) const;
-    /// The index of a row's first column; invalid for 0 and for a row that views weren't told of yet.
+    /// The index of a row's first column; invalid for 0, for a hidden row and for one that views weren't told of yet.
     QModelIndex indexOf(int position) const;
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -126,6 +132,8 @@ public:
     RowPicture picture(int position) const override {
         return look_.picture ? look_.picture(table_.at(position)) : RowPicture{};
     }
+    bool hidden(int position) const override { return look_.hidden && look_.hidden(table_.at(position)); }
+    bool isNumber(int column) const override { return look_.columns.at(static_cast<std::size_t>(column)).number; }
     int current() const override { return table_.current(); }
     void choose(int position, const std::function<void()>& then) override {
         table_.edits.make(look_.choice, [&] {

@@ -83,7 +83,7 @@ void TableView::showSelection() {
     QModelIndex end;
     for (int position = 1; position <= rows_.source().count(); ++position) {
         const QModelIndex row = rows_.indexOf(position);
-        if (!row.isValid()) break;
+        if (!row.isValid()) continue;
         const bool selected = rows_.source().selected(position);
         differs |= selected != shown[static_cast<std::size_t>(position)];
         if (!selected) continue;

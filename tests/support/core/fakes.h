@@ -271,17 +271,30 @@ public:
     bool open = false;
 };
 
-/// Keeps whom it sends to.
+/// Keeps what it sends, and to whom.
 class FakeDatagrams : public Datagrams {
 public:
-    bool send(const Endpoint& to, std::string_view) override {
+    bool send(const Endpoint& to, std::string_view bytes) override {
         sent.push_back(to);
-        return !unreachable;
+        texts.emplace_back(bytes);
+        return true;
     }
     void close() override { ++closed; }
     std::vector<Endpoint> sent;
+    std::vector<std::string> texts;
     int closed = 0;
-    bool unreachable = false;
+};
+
+/// Keeps the sockets that it makes, in their order; they belong to whoever wanted them.
+class FakeNetwork : public Network {
+public:
+    std::unique_ptr<Datagrams> makeSocket() override {
+        auto made = std::make_unique<FakeDatagrams>();
+        sockets.push_back(made.get());
+        return made;
+    }
+    std::vector<std::string> broadcastAddresses() const override { return {"10.1.2.255"}; }
+    std::vector<FakeDatagrams*> sockets;
 };
 
 /// Answers names when the test says so, and addresses at once.
@@ -337,7 +350,7 @@ struct World {
     FakeArchives archives{files};
     FakePictures pictures{files};
     FakeSocket socket;
-    FakeDatagrams datagrams;
+    FakeNetwork network;
     FakeHostNames hostNames;
     FakeViewers viewers;
     Random random;
@@ -349,7 +362,7 @@ struct World {
     Pace pace{events, clock};
     Ground ground{files, dialogs, events, log, store, run, flags, pace};
     Services services{files,   settings, events,    clock,     dialogs, clipboard, windows,  processes, machine,
-                      archives, pictures, socket, datagrams, hostNames, viewers, random,   resources};
+                      archives, pictures, socket, network, hostNames, viewers, random,   resources};
 };
 
 /// Lines joined as the program writes them, each ended by CR LF.
