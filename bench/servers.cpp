@@ -54,7 +54,7 @@ std::vector<std::pair<const char*, double>> timeList(int rows) {
     Gatehouse program(world.services, "C:\\gh");
     program.StartupDriver();
     const std::unique_ptr<QWidget> tab(
-        makeServersTab(program.servers.iplist, program.servers.commands, program.servers.query, program.flags));
+        makeServersTab(program.servers, program.flags));
     tab->resize(900, 600);
     tab->show();
     auto* view = tab->findChild<TableView*>();
@@ -66,6 +66,8 @@ std::vector<std::pair<const char*, double>> timeList(int rows) {
     add("sort the other way", [&] { program.servers.commands.iplist_ColumnClick(0); });
     add("select all", [&] { view->selectAll(); });
     add("sort with all selected", [&] { program.servers.commands.iplist_ColumnClick(0); });
+    for (const char* typed : {"s", "se", "server 1", "server 12", ""})
+        add(*typed ? typed : "filter off", [&] { program.servers.filter.filtertext.setText(typed); });
     add("save", [&] { program.servers.lists.SaveServerList(name); });
     program.servers.iplist.selectWhere([](int position) { return position <= 1000; });
     QCoreApplication::processEvents();

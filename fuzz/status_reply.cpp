@@ -79,7 +79,7 @@ void requirePlayers(const std::string& reply) {
 
 void askForPlayers(const std::string& reply) {
     Desk desk(1);
-    PlayersForm form(desk.world.ground, desk.iplist);
+    PlayersForm form(desk.world.ground, desk.iplist, desk.numbers);
     int shown = 0;
     desk.query.showPlayers = [&] {
         desk.world.events.pending.push_back([&] {

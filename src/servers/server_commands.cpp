@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "config/default_document.h"
+#include "servers/server_order.h"
 
 #include <algorithm>
 #include <optional>
@@ -212,7 +213,7 @@ void ServerCommands::iplist_Escape() { parts_.iplist.selectNone(); }
 void ServerCommands::iplist_ColumnClick(int column) {
     SortState sort = parts_.iplist.sortState();
     sort.sorted = true;
-    if (column == SortColumn) {
+    if (column == SortColumn && sort.key < kTextColumns) {
         // The order of whatever column sorts now: a list just loaded is sorted by ping and remembers no click.
         sort.descending = !sort.descending;
     } else {

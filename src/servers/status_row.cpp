@@ -31,7 +31,6 @@ StatusRow readStatus(const std::string& reply, const std::array<std::string, 10>
     gameType = val(FindCvar("g_gametype", reply));
     row.game = gameText(gameType, gameTypes);
     row.map = upper(oneLine(FindCvar("mapname", reply)));
-    row.picture = FindCvar("sv_privateclients", reply) == "1" ? "locked" : "ok";
     row.reply = reply;
     return row;
 }
@@ -45,8 +44,8 @@ void writeStatus(ServerEntry& server, const StatusRow& row, const std::string& p
     server.Map = row.map;
     server.StatusReply = row.reply;
     server.PlayerCount = row.playerCount;
-    server.SmallIcon = row.picture;
     server.SilentSince.clear();
+    server.SmallIcon = FindCvar("sv_privateclients", row.reply) == "1" ? "locked" : "ok";
 }
 
 }  // namespace gatehouse

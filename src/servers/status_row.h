@@ -11,7 +11,6 @@ namespace gatehouse {
 struct StatusRow {
     std::string name, players, game, mod, map;
     std::string playerCount;
-    std::string picture;
     std::string reply;  ///< the whole of it
 };
 
@@ -19,7 +18,8 @@ struct StatusRow {
 /// reply gives for it as soon as that is read. Fails for a reply that lacks a value, or that doesn't fit the columns.
 StatusRow readStatus(const std::string& reply, const std::array<std::string, 10>& gameTypes, double& gameType);
 
-/// Writes a row, with a ping in milliseconds. Fails for a ping of more than four digits, with the name written.
+/// Writes a row, with a ping in milliseconds. Fails for a ping of more than four digits, with the name written, and for a
+/// reply that ends with the number of private places, with all but the picture written.
 void writeStatus(ServerEntry& server, const StatusRow& row, const std::string& ping);
 
 }  // namespace gatehouse

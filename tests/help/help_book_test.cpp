@@ -36,7 +36,8 @@ TEST_F(HelpTest, TellsOfEveryFieldCommandAndWindowAndLeadsNowhereElse) {
             if (group != &program.config.doc.limits) expectTold(field->spec().name);
     for (const FieldGroup* group :
          {&program.startup.options.options, &program.startup.options.benchmark, &program.rules.botsRules.newbot,
-          &program.servers.addressForm.group, &program.benchmark.setup.labels, &program.benchmark.results.fields})
+          &program.servers.addressForm.group, &program.servers.playersForm.group, &program.servers.filter.fields,
+          &program.servers.search.fields, &program.benchmark.setup.labels, &program.benchmark.results.fields})
         for (const Field* field : group->fields) expectTold(field->spec().name);
     for (const CommandInfo& command : commands()) expectTold(command.name);
     for (const ListInfo& list : lists()) expectTold(list.name);

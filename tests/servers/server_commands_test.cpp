@@ -40,11 +40,14 @@ struct ServerCommandsTest : testing::Test {
     ServerTable iplist;
     ServerLists lists{world.ground, options.ghcdir, iplist};
     AddressForm form{world.ground, world.clipboard};
-    PlayersForm players{world.ground, iplist};
     ServerNumbers numbers{iplist};
+    PlayersForm players{world.ground, iplist, numbers};
+    Favourites favourites{world.ground};
+    ServerUndo undo{world.ground, iplist, numbers, favourites};
     StatusQuery query{{world.ground, world.socket, world.clock, iplist, numbers, mods, options.q3pingwait}};
     std::string asked;  ///< what the commands have asked the window for
-    ServerCommands commands{{world.ground, world.clipboard, mods, options.ghcdir, iplist, lists, query, form, players}};
+    ServerCommands commands{{world.ground, world.clipboard, mods, options.ghcdir, iplist, lists, query, form,
+                              players, undo}};
 };
 
 TEST(AddressIn, TakesDigitsAndDotsWithOneColon) {

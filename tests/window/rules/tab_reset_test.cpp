@@ -25,11 +25,15 @@ protected:
     fake::RecordingLog& log = desk.world.log;
     const Ground& ground = desk.world.ground;
     ServerTable iplist;
+    ServerNumbers numbers{iplist};
+    Favourites favourites{ground};
+    ServerUndo undo{ground, iplist, numbers, favourites};
     ModelCatalog models{ground};
     KeyRules keys{ground, doc.bindlist};
     Observable<std::string> tabKey{std::string("servers")};
     std::string model;
-    TabReset reset{{ground, doc, iplist, models, keys, tabKey, [this](const std::string& path) { model = path; }}};
+    TabReset reset{{ground, doc, iplist, undo, models, keys, tabKey,
+                    [this](const std::string& path) { model = path; }}};
 };
 
 TEST_F(TabResetTest, ACurrentTabIsResetAloneAndWithoutAQuestion) {
