@@ -56,6 +56,7 @@ QLayout* FindServersDialog::makeQuestion() {
     bind(*ask, search_.askmasters);
     auto* line = new QLineEdit(this);
     bind(*line, search_.masters);
+    line->setCursorPosition(0);
     follow(line, search_.running, [line](bool running) { line->setReadOnly(running); });
     masters->addWidget(ask);
     masters->addWidget(line, 1);

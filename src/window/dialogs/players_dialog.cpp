@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -31,6 +32,8 @@ TableView* makePlayerList(PlayerTable& playerlist) {
     view->setAccessibleName(QObject::tr("Players"));
     view->setRootIsDecorated(false);
     view->setColumnLetters({kNameLetters, kNumberLetters});
+    view->header()->setStretchLastSection(false);
+    view->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     view->setEmptyText(QObject::tr("Nobody plays here."));
     const int letter = view->fontMetrics().averageCharWidth();
     view->setMinimumSize((kNameLetters + 3 * kNumberLetters) * letter, kLines * view->fontMetrics().lineSpacing());

@@ -144,7 +144,7 @@ QWidget* makeServersTab(ServersRoom& servers, CommandFlags& flags) {
     totals->addWidget(makeTotal(QObject::tr("Servers:"), servers.query.iptotservers));
     totals->addSpacing(2 * totals->spacing());
     totals->addWidget(makeTotal(QObject::tr("Players:"), servers.query.iptotplayers));
-    totals->addSpacing(2 * totals->spacing());
+    totals->addSpacing(4 * totals->spacing());
     totals->addWidget(makeNote("filtersummary", servers.filter.summary), 1);
     totals->addWidget(makeNote("refreshprogress", servers.refresh.progress), 1);
     column->addLayout(totals);
