@@ -7,7 +7,7 @@ import time
 
 import pyatspi
 
-from accessible import act, fail, find, is_enabled, main_window, open_tab, press, wait_for
+from accessible import act, fail, find, is_enabled, main_window, open_tab, press, type_into, wait_for
 
 ENDLESS = "Asking again and again. Esc in the list ends it."
 PING_TRIES = 10
@@ -93,10 +93,13 @@ def query(arguments):
 
     # The dead one stands first, as its ping in the list is the lowest, and stays there while it is asked.
     row, state = browser.query(arguments.nobody)
+    since = row.pop("Silent Since")
+    if not since or not state.endswith("; silent since " + since):
+        fail(f"silent since {since!r}: {state!r}")
     dead = {"Name": "Nobody Home", "Ping": "9999", "Players": "?", "Game": "?", "Mod": "?", "Map": "Q3DM1",
-            "Address": arguments.nobody, "Password": ""}
+            "Address": arguments.nobody, "Password": "", "Favourite": ""}
     expect("a dead server", row, dead)
-    expect("the state of a dead server", state, "No answer, or a bad one")
+    expect("the state of a dead server", state.split(";")[0], "No answer, or a bad one")
     expect("the order", browser.servers.column("Address"), [arguments.nobody, arguments.server])
 
     row, state = browser.query(arguments.server)
@@ -113,12 +116,33 @@ def query(arguments):
     if arguments.quakestat and not arguments.endless:
         compare_pings(browser, arguments.server)
 
+    if not arguments.endless:
+        refresh(browser, arguments)
     browser.choose(arguments.server)
     press(browser.window, "Players")
     dialog = find(browser.program, "dialog", f"Players on {arguments.name}")
     expect("who plays", sorted(Table(dialog, "Players").column("Name")), sorted(arguments.bots))
     press(dialog, "Close")
     wait_for("the players stay on show", lambda: not dialog.getState().contains(pyatspi.STATE_SHOWING))
+
+
+def refresh(browser, arguments):
+    """All at once: the silent one keeps what was known, no row moves; then the filter, and a server that comes back."""
+    press(browser.window, "Refresh")
+    find(browser.window, "label", "2 of 2, 1 silent")
+    expect("the order", browser.servers.column("Address"), [arguments.nobody, arguments.server])
+    expect("what a silent server keeps", browser.servers.cell(0, "Map").name, "Q3DM1")
+    expect("an answer", browser.servers.cell(1, "Players").name, arguments.players)
+    type_into(browser.window, "Filter", arguments.server)
+    wait_for("the filter hides nothing", lambda: browser.servers.cells.nRows == 1)
+    find(browser.window, "label", "1 of 2 shown")
+    type_into(browser.window, "Filter", "")
+    wait_for("the filter hides for good", lambda: browser.servers.cells.nRows == 2)
+    browser.choose(arguments.nobody)
+    press(browser.window, "Delete")
+    wait_for("nothing is deleted", lambda: browser.servers.cells.nRows == 1)
+    subprocess.run(["xdotool", "key", "ctrl+z"], check=True)
+    wait_for("nothing comes back", lambda: browser.servers.column("Address") == [arguments.nobody, arguments.server])
 
 
 def main():

@@ -103,8 +103,8 @@ TEST_F(MainWindowTest, EveryEntryRunsItsCommand) {
     for (const QMenu* menu : window.menuBar()->findChildren<QMenu*>())
         for (const QAction* entry : menu->actions()) entries += entry->objectName();
     EXPECT_EQ(entries.join(' ').simplified(),
-              "mfileopen mfilesave mfilerun mfileexit meditundo meditredo mtoolsconsole "
-              "mtoolsresults mtoolsreset mtoolsoptions mhelpcontents mhelpwhat mhelpover mhelpabout");
+              "mfileopen mfilesave mfilerun mfileexit meditundo meditredo mserversrefresh mserversselected "
+              "mserversstop mserversfind mtoolsconsole mtoolsresults mtoolsreset mtoolsoptions mhelpcontents mhelpwhat mhelpover mhelpabout");
     world.dialogs.choose(std::nullopt);
     find<QAction>("mfilesave").trigger();
     EXPECT_EQ(world.dialogs.fileDialogs.size(), 1u);
