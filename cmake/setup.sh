@@ -2,7 +2,7 @@
 # shellcheck shell=bash disable=SC2034
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libzip-dev libxcb1-dev nlohmann-json3-dev fonts-dejavu-core)
-test_packages=(googletest libgtest-dev xvfb xauth openbox xdotool imagemagick unzip procps dbus at-spi2-core python3 python3-pyatspi)
+test_packages=(googletest libgtest-dev xvfb xauth openbox xdotool imagemagick unzip procps dbus at-spi2-core python3 python3-pyatspi iproute2)
 package_packages=(git dpkg-dev debhelper lintian desktop-file-utils appstream man-db mmdebstrap)
 real_packages=(openarena-server openarena-data qstat openarena ioquake3 libgl1-mesa-dri libglx-mesa0)
 fuzz_packages=(clang libclang-rt-dev llvm)

@@ -79,6 +79,7 @@ void AddressForm::newipCancel_Click() {
 }
 
 void AddressForm::restoreDesign() {
+    editing.set(false);
     const bool changed = run_.ServerListChanged;
     for (Field* field : group.fields) field->restoreDesign();
     run_.ServerListChanged = changed;

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "base/field.h"
-#include "base/log.h"
 #include "base/form.h"
+#include "base/log.h"
+#include "base/observable.h"
 #include "base/run_state.h"
 #include "base/signal.h"
 #include "platform/clipboard.h"
@@ -41,6 +42,8 @@ public:
     TextField ip1{group, {.name = "ip1", .caption = "IP Address:"}};
     TextField port{group, {.name = "port", .caption = "Port:"}};
     TextField q3pwd{group, {.name = "q3pwd", .caption = "Password:"}};
+    /// The dialog is for a server of the list, not for a new one.
+    Observable<bool> editing{false};
     /// How the dialog ended: "OK" or "CANCEL".
     std::string iptag{kCancel};
     /// A field asks for the input focus.

@@ -43,6 +43,7 @@ void ServerCommands::Add() {
     form.ip1.setText("127.0.0.1");
     form.port.setText("27960");
     form.iptag = AddressForm::kOk;
+    form.editing.set(false);
     if (form.ask()) appendServer();
     // After a cancel as well: it asks whatever is selected, and the list counts as changed.
     queryAgain();
@@ -236,6 +237,7 @@ void ServerCommands::iplist_DblClick() {
     const auto colon = server.Address.rfind(':');
     form.ip1.setText(server.Address.substr(0, colon));
     form.port.setText(colon == std::string::npos ? std::string() : server.Address.substr(colon + 1));
+    form.editing.set(true);
     if (form.ask() && iplist.current() != 0) {
         iplist.update(iplist.current(), [&form](ServerEntry& edited) {
             edited.Address = form.address();

@@ -7,6 +7,7 @@
 #include "window/widgets/command_views.h"
 #include "window/widgets/field_grid.h"
 #include "window/widgets/follow.h"
+#include "window/widgets/password_line.h"
 
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -23,7 +24,9 @@ constexpr int kLineLetters = 30;
 
 AddressDialog::AddressDialog(AddressForm& form, QWidget* parent)
     : FormDialog("q3newip", form.q3newip, parent), form_(form) {
-    setWindowTitle(shownTitle(dialogInfo("q3newip").title));
+    follow(this, form.editing, [this](bool editing) {
+        setWindowTitle(editing ? tr("Edit Server") : shownTitle(dialogInfo("q3newip").title));
+    });
 
     auto* fields = new FieldGrid;
     for (TextField* field : {&form.ip1, &form.port, &form.q3pwd}) {
@@ -31,6 +34,7 @@ AddressDialog::AddressDialog(AddressForm& form, QWidget* parent)
         bind(*line, *field);
         line->setMinimumWidth(kLineLetters * line->fontMetrics().averageCharWidth());
         fields->addField(*field, *line);
+        if (field == &form.q3pwd) hideBehindEye(*line);
     }
     listen(this, form.focusWanted, [this](const TextField& field) {
         auto* line = findChild<QLineEdit*>(QString::fromStdString(field.name()));

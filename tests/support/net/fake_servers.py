@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Servers of the game on the loopback: fake_servers.py COUNT
+"""Servers of the game: fake_servers.py COUNT [IP PORT]
 
-Prints "ready" and the address of each, one a line, and serves until its input ends. Of each ten, six answer at once, one
+On ports of the loopback, or on those from PORT on at an address. Prints "ready" and the address of each, one a line, and serves until its input ends. Of each ten, six answer at once, one
 after 300 ms, one twice, one sends rubbish, and one is silent.
 """
 
@@ -66,13 +66,14 @@ def serve(sockets):
 
 def main():
     sockets = []
-    for _ in range(int(sys.argv[1])):
+    ip, first = (sys.argv[2], int(sys.argv[3])) if len(sys.argv) > 2 else ("127.0.0.1", 0)
+    for number in range(int(sys.argv[1])):
         one = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
-        one.bind(("127.0.0.1", 0))
+        one.bind((ip, first + number if first else 0))
         sockets.append(one)
     print("ready")
     for one in sockets:
-        print("127.0.0.1:%d" % one.getsockname()[1])
+        print("%s:%d" % one.getsockname())
     sys.stdout.flush()
     serve(sockets)
 
