@@ -22,8 +22,11 @@ public:
     ListField runlist{fields, {.name = "runlist", .caption = "Run:", .hint = "The run to look at, the newest first."}};
     ListField otherrun{fields,
                        {.name = "otherrun", .caption = "Beside it:", .hint = "Another run to hold against this one."}};
-    ListField firstconfig{fields, {.name = "firstconfig", .caption = "Compare:"}};
-    ListField secondconfig{fields, {.name = "secondconfig", .caption = "With:"}};
+    ListField firstconfig{
+        fields,
+        {.name = "firstconfig", .caption = "Compare:", .hint = "The document that comes first in the comparison."}};
+    ListField secondconfig{
+        fields, {.name = "secondconfig", .caption = "With:", .hint = "The document that it is held against."}};
     /// What is to be known of the runs on show: how they ended, where unsaved changes went, what can't be read.
     Observable<std::string> about;
     /// The comparison in words, a line for each demo.

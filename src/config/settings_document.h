@@ -22,8 +22,12 @@ struct SettingsDocument {
         welcome, {"q3hostname", "Hostname:", "What the world will call your server. Make it worth remembering."}};
     TextField q3motd{welcome, {"q3motd", "Message:", "Shown to people while they connect. Some even read it."}};
     FieldSection game{server, "Game", Column::Left};
-    ListField modcombo{game, {"modcombo", "Mod:"}};
-    ListField q3gametype{game, {"q3gametype", "Game Type:"}};
+    ListField modcombo{game,
+                       {"modcombo", "Mod:",
+                        "Which game is played: the original, or a mod that was found in the game's folder. Its game "
+                        "types, options and keys come along."}};
+    ListField q3gametype{game,
+                         {"q3gametype", "Game Type:", "How the game is played; the mod says which ways there are."}};
     LabelField fraglabel{game, {.name = "fraglabel", .caption = "Limit:", .marksDocument = false}, "Frags:"};
     TextField fraglimit{game,
                         {"fraglimit", "Frag Limit:", "First to this many wins. Captures instead of frags in CTF."},
@@ -58,14 +62,23 @@ struct SettingsDocument {
                             {"q3playerlimit", "Players:", "How many can play at once. Your bandwidth may disagree."},
                             "",
                             Range{1, 64, 1}};
-    TextField q3minplayers{players, {"q3minplayers", "Min Players:"}, "", Range{0, 32, 1}};
-    CheckField q3usepass{players, {"q3usepass", "Client Pass:"}};
-    TextField q3serverpass{players, {"q3serverpass", "Client Password:"}};
-    CheckField q3userconpass{players, {"q3userconpass", "RCon Pass:"}};
-    TextField q3rconpass{players, {"q3rconpass", "RCon Password:"}};
+    TextField q3minplayers{players,
+                           {"q3minplayers", "Min Players:",
+                            "If fewer people than this play, bots fill the places, and leave when people come."},
+                           "",
+                           Range{0, 32, 1}};
+    CheckField q3usepass{players, {"q3usepass", "Client Pass:", "Only who knows the password may join."}};
+    TextField q3serverpass{players, {"q3serverpass", "Client Password:", "What players have to give to join."}};
+    CheckField q3userconpass{
+        players, {"q3userconpass", "RCon Pass:", "Who knows the password may command the server from afar."}};
+    TextField q3rconpass{players,
+                         {"q3rconpass", "RCon Password:", "What has to be given to command the server from afar."}};
     CheckField q3allowvote{
         players, {"q3allowvote", "Voting:", "Lets the players vote on maps and kicks. Democracy, more or less."}};
-    CheckField q3cheats{players, {"q3cheats", "Cheats:"}};
+    CheckField q3cheats{
+        players,
+        {"q3cheats", "Cheats:",
+         "Allows the game's cheats. Maps are then started with devmap, except when there is only one of them."}};
     FieldSection network{server, "Network", Column::Right};
     CheckField q3langame{network,
                          {"q3langame", "LAN Game:",
@@ -76,7 +89,9 @@ struct SettingsDocument {
                           "put it's address here. Normally blank."}};
     TextField q3serverport{network,
                            {"q3serverport", "Port:", "What UDP port your server listens on. Default is 27960"}};
-    TextField sv_minping{network, {"sv_minping", "Min Ping:"}};
+    TextField sv_minping{network,
+                         {"sv_minping", "Min Ping:",
+                          "Players who are nearer than this, in milliseconds, can't join. 0 lets everybody in."}};
     TextField sv_maxping{network, {"sv_maxping", "Max Ping:", "Keep those lagged-out turkeys off your server."}};
     TextField q3caprate{network,
                         {"q3caprate", "RateCap:", "Most bytes/sec that any one player may take from you. 0 = no cap."}};
@@ -91,12 +106,19 @@ struct SettingsDocument {
         network,
         {"q3clientsync", "Sync Clients:", "Only tick this if you are trying to record demos. Otherwise leave it off."}};
     FieldSection memory{server, "Memory", Column::Right};
-    TextField q3hunksize{
-        memory, {.name = "q3hunksize", .caption = "Hunk Size:", .takenWhenLeft = true}, "56", Range{64, 256, 16}};
+    TextField q3hunksize{memory,
+                         {.name = "q3hunksize",
+                          .caption = "Hunk Size:",
+                          .hint = "Megabytes of memory for maps and models. The game does not run with less than 26.",
+                          .takenWhenLeft = true},
+                         "56",
+                         Range{64, 256, 16}};
 
     FieldGroup bots{"bots"};
     FieldSection joins{bots, "Who Joins", Column::Left};
-    CheckField q3randbots{joins, {"q3randbots", "Random Bots:"}};
+    CheckField q3randbots{joins,
+                          {"q3randbots", "Random Bots:",
+                           "With a tick, bots are drawn by lot at each start. Without one, those in the list join."}};
     FieldSection behaviour{bots, "Behaviour", Column::Left};
     CheckField q3bot_nochat{behaviour, {"q3bot_nochat", "Quiet Bots:", "Bots keep their opinions to themselves."}};
     CheckField q3botfastchat{behaviour,
@@ -104,23 +126,34 @@ struct SettingsDocument {
     CheckField q3botrjump{
         behaviour, {"q3botrjump", "Rocket Jump:", "Bots may blow themselves up to get to higher places. Like you do."}};
     FieldSection randomBots{bots, "Random Bots", Column::Right};
-    TextField q3randnum{randomBots, {"q3randnum", "How Many:"}, "1", Range{0, 64, 1}};
-    TextField q3randskill{randomBots, {"q3randskill", "Skill:"}, "1", Range{1, 5, 1}};
+    TextField q3randnum{randomBots, {"q3randnum", "How Many:", "How many join at each start."}, "1", Range{0, 64, 1}};
+    TextField q3randskill{randomBots,
+                          {"q3randskill", "Skill:", "From 1, who can hardly aim, to 5, who never misses."},
+                          "1",
+                          Range{1, 5, 1}};
 
     FieldGroup player{"player"};
     FieldSection identity{player, "Player", Column::Left};
     TextField q3playername{
         identity,
         {"q3playername", "Name:", "Create colored names by using the caret (^) followed by a number from 1 to 7."}};
-    CheckField q3sexmale{identity, {"q3sexmale", " Male:"}, 1};
-    CheckField q3sexfemale{identity, {"q3sexfemale", " Female:"}};
-    TextField q3handicap{identity, {"q3handicap", "Handicap:"}, "", Range{5, 100, 5}};
+    CheckField q3sexmale{identity, {"q3sexmale", " Male:", "The game speaks of you as of a man."}, 1};
+    CheckField q3sexfemale{identity, {"q3sexfemale", " Female:", "The game speaks of you as of a woman."}};
+    TextField q3handicap{
+        identity,
+        {"q3handicap", "Handicap:", "Health that you start with, in percent. Less makes you a gentleman."},
+        "",
+        Range{5, 100, 5}};
     CheckField cg_autoswitch{identity,
                              {"cg_autoswitch", "Autoswitch:", "Picks up a gun and uses it at once, wise or not."}};
     FieldSection looks{player, "Looks", Column::Left};
     LabelField currmodel{looks, {"currmodel", "Model/Skin:"}, "Sarge/Default"};
-    LabelField q3fxcolor{looks, {"q3fxcolor", "FX Colour:"}, "1", Range{1, 7, 1}};
-    LabelField chindex{looks, {"chindex", "Crosshair:"}, "0", Range{0, 10, 1}};
+    LabelField q3fxcolor{
+        looks,
+        {"q3fxcolor", "FX Colour:", "The colour of your rail trail and of what else glows when you fire."},
+        "1",
+        Range{1, 7, 1}};
+    LabelField chindex{looks, {"chindex", "Crosshair:", "The shape of the crosshair."}, "0", Range{0, 10, 1}};
 
     FieldGroup video{"video"};
     FieldSection screen{video, "Screen", Column::Left};
@@ -131,9 +164,21 @@ struct SettingsDocument {
                         "1280x1024", "1600x1200", "2048x1536", "856x480 (Wide)"}};
     CheckField q3fullscreen{
         screen, {"q3fullscreen", "Fullscreen:", "Untick this to play in a window, with your boss in mind."}};
-    ListField q3colordepth{screen, {"q3colordepth", "Color Depth:"}, {"Default", "16-Bit", "32-Bit"}};
-    SliderField q3brightness{screen, {"q3brightness", "Brightness:"}, {50, 200, 10, 25}, 50};
-    SliderField q3screensize{screen, {"q3screensize", "Screen Size:"}, {0, 100, 10, 10}, 0};
+    ListField q3colordepth{
+        screen,
+        {"q3colordepth", "Color Depth:", "Bits for each point of the screen. \"Default\" is the desktop's."},
+        {"Default", "16-Bit", "32-Bit"}};
+    SliderField q3brightness{
+        screen,
+        {"q3brightness", "Brightness:",
+         "In hundredths: 100 is as the maps were made, 200 is for those who want to see what hides in the dark."},
+        {50, 200, 10, 25},
+        50};
+    SliderField q3screensize{
+        screen,
+        {"q3screensize", "Screen Size:", "In percent. Smaller leaves a frame and gives a slow machine less to paint."},
+        {0, 100, 10, 10},
+        0};
     FieldSection driver{video, "Driver", Column::Left};
     CheckField q3GLext{
         driver, {"q3GLext", "GL Extensions:", "The fancy parts of your video driver. Untick if it falls over a lot."}};
@@ -182,21 +227,31 @@ struct SettingsDocument {
         movement, {"cl_mouseaccel", "Mouse Accel:", "The faster you move it, the further it goes. An acquired taste."}};
     CheckField m_filter{movement,
                         {"m_filter", "Mouse Filter:", "Smooths the mouse by averaging. Also smooths your reactions."}};
-    CheckField invertmouse{movement, {"invertmouse", "Invert"}};
+    CheckField invertmouse{movement, {"invertmouse", "Invert", "Forward looks down, as in an aeroplane."}};
     CheckField cl_run{movement, {"cl_run", "Always Run:", "Walking is for people who like being shot."}};
     FieldSection connection{tweak1, "Connection", Column::Left};
     TextField q3rate{connection,
                      {"q3rate", "Data Rate:", "Basically the speed in bytes/sec of your net connection."},
                      "",
                      Range{2500, 25000, 500}};
-    SliderField q3snaps{connection, {"q3snaps", "Snapshots:"}, {1, 30, 1, 5}, 1};
+    SliderField q3snaps{
+        connection,
+        {"q3snaps", "Snapshots:",
+         "How often in a second the server tells you what happens. No server tells more than it wants to."},
+        {1, 30, 1, 5},
+        1};
     CheckField cl_motd{connection, {"cl_motd", "Use ID motd:", "Fetches the message of the day while you connect."}};
     FieldSection sound{tweak1, "Sound", Column::Left};
     CheckField q3soundquality{
         sound, {"q3soundquality", "High Quality Sound:", "22 kHz instead of 11. More memory, crisper screams."}};
     CheckField q3a3d{sound, {"q3a3d", "A3D 3D Sound:", "For sound cards that can do it. Ears at the back, too."}};
-    SliderField q3effectsvol{sound, {"q3effectsvol", "Effects Vol:"}, {0, 100, 10, 30}, 0};
-    SliderField q3musicvol{sound, {"q3musicvol", "Music Vol:"}, {0, 100, 10, 30}, 0};
+    SliderField q3effectsvol{
+        sound, {"q3effectsvol", "Effects Vol:", "Shots, steps and screams, in percent."}, {0, 100, 10, 30}, 0};
+    SliderField q3musicvol{
+        sound,
+        {"q3musicvol", "Music Vol:", "In percent. Most people who hear it too often choose 0, and start faster."},
+        {0, 100, 10, 30},
+        0};
     FieldSection view{tweak1, "View", Column::Right};
     TextField cg_fov{view,
                      {"cg_fov", "Normal FOV:", "Degrees you see at once. Above 120 your lunch may come back."},
@@ -206,17 +261,26 @@ struct SettingsDocument {
                          {"cg_zoomfov", "Zoomed FOV:", "Degrees you see while zoomed. Smaller gets you closer."},
                          "",
                          Range{1, 360, 5}};
-    CheckField cg_draw2d{view, {"cg_draw2d", "Draw 2D:"}};
+    CheckField cg_draw2d{view,
+                         {"cg_draw2d", "Draw 2D:",
+                          "Everything that is painted over the picture: numbers, icons, crosshair. Without it you have "
+                          "a clean picture and no idea."}};
     CheckField q3identifytarget{
         view, {"q3identifytarget", "Identify Target:", "Shows the name of whoever you point at, before the end."}};
-    CheckField q3teamoverlay{view, {"q3teamoverlay", "Team Overlay:"}};
+    CheckField q3teamoverlay{view,
+                             {"q3teamoverlay", "Team Overlay:",
+                              "Where your team is and how it does, in a corner. Only the benchmark's config has it; in "
+                              "a game, the game's own menu decides."}};
     FieldSection drawing{tweak1, "Drawing", Column::Right};
     TextField com_maxfps{
         drawing,
         {"com_maxfps", "Max FPS:", "The system won't ever exceed the FPS set here. Can make gameplay more consistent."},
         "",
         Range{10, 200, 10}};
-    ListField cg_shadows{drawing, {"cg_shadows", "Shadows:"}, {"None", "Simple", "Stencil", "Simple Stencil"}};
+    ListField cg_shadows{
+        drawing,
+        {"cg_shadows", "Shadows:", "What people throw on the floor. Stencil shadows are right, and expensive."},
+        {"None", "Simple", "Stencil", "Simple Stencil"}};
     CheckField r_flares{drawing,
                         {"r_flares", "Draw Light Flares:", "Glow around lights, as if you wore dirty glasses."}};
     CheckField r_preloadtextures{
@@ -227,14 +291,15 @@ struct SettingsDocument {
 
     FieldGroup tweak2{"tweak2"};
     FieldSection crosshair{tweak2, "Crosshair", Column::Left};
-    TextField cg_crosshairsize{crosshair, {"cg_crosshairsize", "Crosshair Size:"}};
+    TextField cg_crosshairsize{crosshair, {"cg_crosshairsize", "Crosshair Size:", "How large the crosshair is."}};
     TextField cg_crosshairx{
         crosshair, {"cg_crosshairx", "X offset:", "Moves the crosshair sideways. Your shots won't follow it."}};
-    TextField cg_crosshairy{crosshair, {"cg_crosshairy", "Y offset:"}};
+    TextField cg_crosshairy{crosshair, {"cg_crosshairy", "Y offset:", "Moves the crosshair up or down."}};
     FieldSection railgun{tweak2, "Railgun", Column::Left};
-    TextField r_railwidth{railgun, {"r_railwidth", "Rail Width:"}};
-    TextField r_railcorewidth{railgun, {"r_railcorewidth", "Rail Core Width:"}};
-    TextField r_railsegmentlength{railgun, {"r_railsegmentlength", "Segment Length:"}};
+    TextField r_railwidth{railgun, {"r_railwidth", "Rail Width:", "How wide the beam is."}};
+    TextField r_railcorewidth{railgun, {"r_railcorewidth", "Rail Core Width:", "How wide its bright middle is."}};
+    TextField r_railsegmentlength{
+        railgun, {"r_railsegmentlength", "Segment Length:", "How long the pieces are that its spiral is made of."}};
     TextField cg_railtrailtime{
         railgun,
         {"cg_railtrailtime", "Rail Trail Time:", "How long Railgun trails stay visible. Try 10000000 for a fun time."},
@@ -243,7 +308,7 @@ struct SettingsDocument {
     FieldSection scene{tweak2, "Scene", Column::Left};
     CheckField cg_drawgun{scene, {"cg_drawgun", "Draw Gun:", "Your own gun on the screen. It fires without, too."}};
     CheckField cg_gibs{scene, {"cg_gibs", "Draw Gibs:", "Bits of people. Untick for a tidier arena."}};
-    CheckField com_blood{scene, {"com_blood", "Draw Blood:"}};
+    CheckField com_blood{scene, {"com_blood", "Draw Blood:", "Red where it hits."}};
     CheckField r_drawsun{scene, {"r_drawsun", "Draw the Sun:", "On maps that have one. Most are gloomy on purpose."}};
     FieldSection statusBar{tweak2, "Status Bar", Column::Right};
     CheckField drawicons{

@@ -39,9 +39,15 @@ public:
     /// Whether the dialog is on show.
     Form q3newip{"q3newip"};
     FieldGroup group{"q3newip"};
-    TextField ip1{group, {.name = "ip1", .caption = "IP Address:"}};
-    TextField port{group, {.name = "port", .caption = "Port:"}};
-    TextField q3pwd{group, {.name = "q3pwd", .caption = "Password:"}};
+    TextField ip1{group,
+                  {.name = "ip1",
+                   .caption = "IP Address:",
+                   .hint = "Numbers or a name, such as 192.168.0.7 or arena.example.org."}};
+    TextField port{group, {.name = "port", .caption = "Port:", .hint = "Most servers listen on 27960."}};
+    TextField q3pwd{group,
+                    {.name = "q3pwd",
+                     .caption = "Password:",
+                     .hint = "Kept with the server for you to look up; the game asks for it itself."}};
     /// The dialog is for a server of the list, not for a new one.
     Observable<bool> editing{false};
     /// How the dialog ended: "OK" or "CANCEL".

@@ -14,30 +14,53 @@ namespace gatehouse {
 /// The fields that hold options: those of the options dialog and three of the Benchmark tab.
 struct OptionsForm {
     FieldGroup options{"options"};
-    TextField ghcdir{options, {.name = "ghcdir", .caption = "Default GHC Folder:", .hint = kFolderHint, .isPath = true}};
+    TextField ghcdir{options,
+                     {.name = "ghcdir", .caption = "Default GHC Folder:", .hint = kFolderHint, .isPath = true}};
     TextField extracmdline{options,
                            {.name = "extracmdline",
                             .caption = "Extra Command Line:",
                             .hint = "Put behind quake3.exe as it stands. The game believes everything you tell it.",
                             .isPath = true}};
-    ListField q3startwith{options,
-                          {.name = "q3startwith", .caption = "When Gatehouse Starts,"},
-                          {"Load last file saved.", "Load DEFAULT.GHC.", "Choose a file."}};
+    ListField q3startwith{
+        options,
+        {.name = "q3startwith", .caption = "When Gatehouse Starts,", .hint = "Which document is opened at the start."},
+        {"Load last file saved.", "Load DEFAULT.GHC.", "Choose a file."}};
     ListField q3overwrite{options,
-                          {.name = "q3overwrite", .caption = "When Saving Files,"},
+                          {.name = "q3overwrite",
+                           .caption = "When Saving Files,",
+                           .hint = "Whether a save asks before it replaces another file."},
                           {"Confirm overwrite.", "Always overwrite."}};
     ListField q3runoptions{options,
-                           {.name = "q3runoptions", .caption = "When I Click 'Run',"},
+                           {.name = "q3runoptions",
+                            .caption = "When I Click 'Run',",
+                            .hint = "Whether Run starts the game, asks you first, or only makes the files."},
                            {"Make CFG, launch Q3A.", "Make CFG, then ask.", "Make CFG files only."}};
-    TextField q3FilePath{
-        options, {.name = "q3FilePath", .caption = "Q3 Program Path:", .hint = kFolderHint, .isPath = true}};
-    TextField q3pingwait{options, {.name = "q3pingwait", .caption = "Ping server timeout:"}, "3", Range{1, 10, 1}};
+    TextField q3FilePath{options,
+                         {.name = "q3FilePath", .caption = "Q3 Program Path:", .hint = kFolderHint, .isPath = true}};
+    TextField q3pingwait{options,
+                         {.name = "q3pingwait",
+                          .caption = "Ping server timeout:",
+                          .hint = "Seconds until a server that says nothing is given up."},
+                         "3",
+                         Range{1, 10, 1}};
     ListField q3loglevel{options,
-                         {.name = "q3loglevel", .caption = "Error logging level:"},
+                         {.name = "q3loglevel",
+                          .caption = "Error logging level:",
+                          .hint = "How much of what the program does is written down. After a fault, \"Everything.\" "
+                                  "is what you wish you had chosen."},
                          {"None.", "Serious Errors.", "Everything."}};
-    TextField q3buffsize{
-        options, {.name = "q3buffsize", .caption = "Console buffer (bytes):"}, "4096", Range{1024, 32768, 1024}};
-    TextField q3keeplogs{options, {.name = "q3keeplogs", .caption = "Logs to keep:"}, "", Range{1, 100, 1}};
+    TextField q3buffsize{options,
+                         {.name = "q3buffsize",
+                          .caption = "Console buffer (bytes):",
+                          .hint = "When the console holds this many bytes, it is emptied."},
+                         "4096",
+                         Range{1024, 32768, 1024}};
+    TextField q3keeplogs{options,
+                         {.name = "q3keeplogs",
+                          .caption = "Logs to keep:",
+                          .hint = "How many logs are kept, the present one not counted. The oldest go first."},
+                         "",
+                         Range{1, 100, 1}};
 
     FieldGroup benchmark{"benchmark"};
     ListField q3staleaction{benchmark,
