@@ -52,6 +52,9 @@ TableView* makeList(ServersRoom& servers) {
 /// The commands of a row, in the list's own menu before those of the tool bar.
 void addRowCommands(TableView& view, ServerDesk& desk) {
     addTableCommand(view, {"tbservers.Join", &desk.hasCurrent, [&desk] { desk.join(); }});
+    // Its key is the menu's.
+    addTableCommand(view, {"mserversselected", &desk.hasSelected, [&desk] { desk.refreshSelected(); }})
+        ->setShortcuts(QList<QKeySequence>());
     addTableCommand(view, {"tbservers.Edit", &desk.hasCurrent, [&desk] { desk.edit(); }});
     addTableCommand(view, {"tbservers.Copy", &desk.hasSelected, [&desk] { desk.copyAddresses(); }});
     addTableCommand(view, {"tbservers.Paste", nullptr, [&desk] { desk.pasteAddresses(); }});
